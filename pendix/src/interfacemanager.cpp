@@ -1,0 +1,10 @@
+#include "pendix/interfacemanager.h"
+
+namespace pendix
+{
+
+InterfaceManager::InterfaceManager(QObject* parent) : QObject(parent) {}
+
+InterfaceManager::~InterfaceManager() = default;
+
+} // namespace pendix
