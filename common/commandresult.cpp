@@ -1,0 +1,83 @@
+#include "common/commandresult.h"
+
+#include "common/logline.h"
+#include "common/names.h"
+#include "common/operatormessage.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <limits>
+
+namespace
+{
+
+/// Bounded before the cast: a double outside the range of int has no defined conversion.
+int truncatedToInt(double value)
+{
+    const double bounded = std::clamp<double>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    return static_cast<int>(bounded);
+}
+
+QJsonObject pluginAnswers(const QJsonValue& element)
+{
+    return element.toObject().value(QLatin1String(names::kPlugin)).toObject();
+}
+
+QJsonValue firstReturn(const QJsonArray& result, const char* command)
+{
+    return pluginAnswers(result.at(0)).value(QLatin1String(command)).toObject().value(QLatin1String("return"));
+}
+
+} // namespace
+
+std::optional<QJsonValue> findReturn(const QJsonArray& result, const QString& command)
+{
+    for (const QJsonValue& element : result) {
+        const QJsonObject answer = pluginAnswers(element).value(command).toObject();
+        const auto code = answer.constFind(QLatin1String("return"));
+        if (code != answer.constEnd()) {
+            return code.value();
+        }
+    }
+    return std::nullopt;
+}
+
+int extractReturnInt(const QJsonArray& result)
+{
+    const QJsonValue code = firstReturn(result, names::command::kSetVirtualWelding);
+    switch (code.type()) {
+    case QJsonValue::String:
+        return code.toString().toInt();
+    case QJsonValue::Double:
+        return truncatedToInt(code.toDouble());
+    case QJsonValue::Bool:
+        return code.toBool() ? 1 : 0;
+    default:
+        return 0;
+    }
+}
+
+bool parseJsonBool(const QJsonArray& result)
+{
+    return firstReturn(result, names::command::kSetWeldEnable).toBool(false);
+}
+
+void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command)
+{
+    const QString check = QLatin1String(pageClass) + QLatin1String("::checkSaveResult failed. ");
+    const std::optional<QJsonValue> answer = findReturn(result, command);
+    if (!answer) {
+        logLine(LogLevel::Error) << check + QLatin1String("not found ") << command << " Result";
+        return;
+    }
+    const int code = answer->toInt();
+    if (code == 0) {
+        tellOperator(pendix::information, QCoreApplication::translate(pageClass, "Saved successfully"));
+        return;
+    }
+    tellOperator(pendix::error,
+                 QCoreApplication::translate(pageClass, "Save failed. Please check the parameter configuration."));
+    logLine(LogLevel::Error) << check << command << " Result:" << code;
+}

@@ -1,0 +1,29 @@
+#ifndef COMMON_COMMANDRESULT_H
+#define COMMON_COMMANDRESULT_H
+
+#include <QJsonArray>
+#include <QJsonValue>
+#include <QString>
+
+#include <optional>
+
+/// Readers of the result array that a command returns: objects {"Corvane": {command: {"return": code}}},
+/// in which code 0 means success. They never throw; what is missing or malformed is skipped.
+
+/// The "return" value of the first element that answers the command, or nothing when no element does.
+std::optional<QJsonValue> findReturn(const QJsonArray& result, const QString& command);
+
+/// Return code of "set_virtual_welding", looked for in the first element only. Numbers are truncated
+/// toward zero, texts read as decimal integers, true is 1; anything missing or unreadable is 0.
+int extractReturnInt(const QJsonArray& result);
+
+/// Outcome of "set_weld_enable": true only when the first element holds the boolean true.
+bool parseJsonBool(const QJsonArray& result);
+
+/// The save-result check that the pages share. Tells the operator "Saved successfully" (code 0) or "Save
+/// failed. Please check the parameter configuration." (any other), and writes an error line for a
+/// failure or a missing answer; a missing answer tells the operator nothing.
+/// pageClass is the page's class name: translation context of the messages and prefix of the log lines.
+void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command);
+
+#endif

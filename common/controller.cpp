@@ -1,0 +1,67 @@
+#include "common/controller.h"
+
+#include "common/names.h"
+
+#include "pendix/interfacemanager.h"
+
+namespace controller
+{
+
+namespace
+{
+const QString& pluginName()
+{
+    static const QString name = QString::fromLatin1(names::kPlugin);
+    return name;
+}
+} // namespace
+
+QJsonValue readNode(const QString& name)
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getVexaServiceData(name) : QJsonValue(QJsonValue::Undefined);
+}
+
+QJsonValue hostSetting(const QString& name)
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getNodeData(name) : QJsonValue(QJsonValue::Undefined);
+}
+
+QJsonArray sendCommand(QObject* sender, const QJsonObject& command)
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->commandCustomData(sender, pluginName(), command) : QJsonArray();
+}
+
+QJsonArray sendCommand(QObject* sender, const QString& command, const QString& value)
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->commandCustomData(sender, pluginName(), command, value) : QJsonArray();
+}
+
+bool isRobotPowered()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host == nullptr || host->getRobotEleStatus();
+}
+
+QStringList ioNames(const QString& type)
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getIOByType(type) : QStringList();
+}
+
+QStringList registerNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? QStringList(host->getRegisterHash().keys()) : QStringList();
+}
+
+QJsonValue registerMetadata()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getRegisterValue() : QJsonValue(QJsonValue::Undefined);
+}
+
+} // namespace controller

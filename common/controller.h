@@ -1,0 +1,44 @@
+#ifndef COMMON_CONTROLLER_H
+#define COMMON_CONTROLLER_H
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
+#include <QStringList>
+
+class QObject;
+
+/// The one road from the package to the robot controller. Every call is synchronous, runs on the GUI
+/// thread and may spin the event loop while the host waits. Without a host, values are undefined,
+/// lists and answers empty.
+namespace controller
+{
+
+/// Current value of a service node, or of a dotted path below one.
+QJsonValue readNode(const QString& name);
+
+/// A setting of the host itself, such as the font zoom.
+QJsonValue hostSetting(const QString& name);
+
+/// Sends a command object ({command name: argument}) for the plug-in and returns the result array.
+QJsonArray sendCommand(QObject* sender, const QJsonObject& command);
+
+/// Sends a command whose argument is a text.
+QJsonArray sendCommand(QObject* sender, const QString& command, const QString& value);
+
+/// True while the robot is powered on; without a host the robot counts as powered, which forbids changes.
+bool isRobotPowered();
+
+/// Names of the I/O signals of one type ("DO", "DI", "AO", "AI", "GO", "GI") in the host's order.
+QStringList ioNames(const QString& type);
+
+/// Names of all registers, in no particular order.
+QStringList registerNames();
+
+/// Register metadata as the controller publishes it, normally an array of objects.
+QJsonValue registerMetadata();
+
+} // namespace controller
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef COMMON_NAMES_H
+#define COMMON_NAMES_H
+
+/// Names agreed with the host and the controller's welding service.
+namespace names
+{
+
+/// The plug-in's name: registration key, command target, message source and log folder.
+constexpr char kPlugin[] = "Corvane";
+
+namespace node
+{
+constexpr char kWeldSetting[] = "weld_setting_config";
+constexpr char kVirtualWelding[] = "laser_weld_data.virtual_welding_status";
+} // namespace node
+
+namespace command
+{
+constexpr char kSetWeldSetting[] = "set_weld_setting_config";
+constexpr char kSetWeldEnable[] = "set_weld_enable";
+constexpr char kSetVirtualWelding[] = "set_virtual_welding";
+} // namespace command
+
+namespace setting
+{
+constexpr char kFontZoom[] = "brisel.fontzoom";
+} // namespace setting
+
+} // namespace names
+
+#endif

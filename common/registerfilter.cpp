@@ -1,0 +1,133 @@
+#include "common/registerfilter.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSet>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace registerfilter
+{
+
+namespace
+{
+
+constexpr const char* kTypeKeys[] = {"type", "reg_type", "value_type", "data_type"};
+constexpr const char* kAccessKeys[] = {"rw", "access", "perm", "permission", "mode"};
+constexpr const char* kNameKeys[] = {"name", "reg_name", "key", "id"};
+
+QString normalised(const QString& word)
+{
+    return word.trimmed().toLower();
+}
+
+/// Numbers and booleans count as their text, so that a controller may number its registers.
+QString asText(const QJsonValue& value)
+{
+    return value.isString() ? value.toString() : value.toVariant().toString();
+}
+
+template <int N>
+QString firstFilled(const QJsonObject& object, const char* const (&keys)[N])
+{
+    for (const char* key : keys) {
+        const QString text = asText(object.value(QLatin1String(key))).trimmed();
+        if (!text.isEmpty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+bool isOneOf(const QString& word, std::initializer_list<const char*> words)
+{
+    return std::any_of(words.begin(), words.end(), [&word](const char* w) { return word == QLatin1String(w); });
+}
+
+enum class Access { Any, Readable, Writable };
+
+Access accessOf(const QString& rw)
+{
+    const QString word = normalised(rw);
+    if (isOneOf(word, {"r", "read", "rd", "ro"})) {
+        return Access::Readable;
+    }
+    return isOneOf(word, {"w", "write", "wr", "wo"}) ? Access::Writable : Access::Any;
+}
+
+/// A register that can be read and written counts as writable only.
+bool passes(Access wanted, const QString& access)
+{
+    switch (wanted) {
+    case Access::Readable:
+        return isOneOf(normalised(access), {"rd", "read", "ro", "r", "readonly"});
+    case Access::Writable:
+        return isOneOf(normalised(access), {"wr", "write", "w", "wo", "wt", "rdwr", "rw"});
+    case Access::Any:
+        break;
+    }
+    return true;
+}
+
+} // namespace
+
+QStringList filter(const QJsonValue& metadata, const QStringList& types, const QString& rw)
+{
+    QSet<QString> wanted;
+    for (const QString& type : types) {
+        wanted.insert(normalised(type));
+    }
+    if (wanted.isEmpty()) {
+        return {};
+    }
+    if (!metadata.isArray()) {
+        qWarning("[corvane][JsonCommon] getRegisterValue is not an array, cannot filter registers by type.");
+        return {};
+    }
+    const Access wantedAccess = accessOf(rw);
+    QStringList found;
+    bool anyComplete = false;
+    const QJsonArray registers = metadata.toArray();
+    for (const QJsonValue& value : registers) {
+        if (!value.isObject()) {
+            continue;
+        }
+        const QJsonObject object = value.toObject();
+        const QString type = firstFilled(object, kTypeKeys);
+        const bool typeMatches = wanted.contains(normalised(type));
+        if (anyComplete && !typeMatches) {
+            continue;
+        }
+        const QString access = firstFilled(object, kAccessKeys);
+        const QString name = firstFilled(object, kNameKeys);
+        anyComplete = anyComplete || !(type.isEmpty() || access.isEmpty() || name.isEmpty());
+        if (typeMatches && !name.isEmpty() && passes(wantedAccess, access)) {
+            found.append(name);
+        }
+    }
+    if (!anyComplete) {
+        qWarning("[corvane][JsonCommon] register metadata missing name/type/rw "
+                 "(type/reg_type/value_type/data_type + rw/access/perm/permission/mode), "
+                 "cannot filter by type and read/write.");
+    }
+    return found;
+}
+
+int length(const QJsonValue& metadata, const QString& name, int defaultLen)
+{
+    const QString wanted = name.trimmed();
+    if (wanted.isEmpty() || !metadata.isArray()) {
+        return defaultLen;
+    }
+    const QJsonArray registers = metadata.toArray();
+    for (const QJsonValue& value : registers) {
+        const QJsonObject object = value.toObject();
+        if (value.isObject() && asText(object.value(QLatin1String("name"))) == wanted) {
+            return std::max(1, object.value(QLatin1String("len")).toInt(defaultLen));
+        }
+    }
+    return defaultLen;
+}
+
+} // namespace registerfilter
