@@ -1,0 +1,170 @@
+#include "page/laserweldpage.h"
+#include "ui_laserweldpage.h"
+
+#include "common/logline.h"
+#include "page/characteristicscurvepage.h"
+#include "page/lasertrackingpage.h"
+#include "page/weldiopage.h"
+#include "page/weldparameterpage.h"
+#include "page/weldsettingpage.h"
+#include "widgets/pagestyle.h"
+#include "widgets/uiscale.h"
+
+#include <QFile>
+#include <QShowEvent>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int kButtonHeight = 42;
+
+constexpr char kNavigationSheet[] =
+    "QToolButton {height: 30px;padding: 0px 6px;background-color: rgb(235, 235, 235);border: none;"
+    "border-radius: 3px;font: 17px;color: black;}"
+    "QToolButton:hover {background: rgb(99, 99, 99);background-color: rgb(135, 161, 174);}"
+    "QToolButton:pressed {background: #636363;}"
+    "QToolButton:checked {background: #8a0121;color: white;}";
+
+constexpr char kScrollBarSheet[] =
+    "QScrollBar:vertical,QScrollBar:horizontal{background:#f5f5f5;border:1px solid #c8c8c8;border-radius:6px;"
+    "margin:0px;min-width:30px;min-height:8px;}"
+    "QScrollBar::handle:vertical,QScrollBar::handle:horizontal{background:#c8c8c8;border-radius:10px;"
+    "min-width:30px;min-height:8px;}"
+    "QScrollBar::handle:vertical:hover,QScrollBar::handle:horizontal:hover{background:#b0b0b0;}"
+    "QScrollBar::add-line,QScrollBar::sub-line{border:none;background:none;width:0px;height:0px;}";
+
+void setScaledSheet(QWidget* widget, const char* sheet)
+{
+    setStyleSheetOnce(widget, UiScale::scaleStylesheet(QString::fromLatin1(sheet), widget));
+}
+
+} // namespace
+
+LaserWeldPage::LaserWeldPage(QWidget* parent) : QWidget(parent), ui(new Ui_LaserWeldPage)
+{
+    logLine(LogLevel::Information) << "LaserWeldPage" << __LINE__;
+    ui->setupUi(this);
+    prepareContent();
+    createPages();
+    connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, [this](int index) {
+        if (index == trackingIndex && trackingPage != nullptr) {
+            trackingPage->initStyle();
+            ui->stackedWidget->refreshCurrentPageLayout();
+        }
+    });
+    ui->stackedWidget->refreshCurrentPageLayout();
+    applyOwnStyle();
+}
+
+LaserWeldPage::~LaserWeldPage()
+{
+    delete ui;
+}
+
+void LaserWeldPage::prepareContent()
+{
+    ui->verticalLayout_4->setAlignment(Qt::AlignTop);
+    ui->verticalLayout_4->setSpacing(0);
+    ui->verticalLayout_4->setContentsMargins(0, 0, 0, 0);
+    UiScale::applyExpandingPage(ui->scrollAreaWidgetContents);
+    UiScale::applyExpandingPage(ui->wgtContent);
+    ui->gridLayout->setRowStretch(0, 1);
+    ui->verticalLayout->setStretch(0, 1);
+    connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this,
+            [this] { ui->stackedWidget->refreshCurrentPageLayout(); });
+}
+
+void LaserWeldPage::createPages()
+{
+    settingPage = new WeldSettingPage(this);
+    ioPage = new WeldioPage(settingPage, this);
+    curvePage = new CharacteristicsCurvePage(settingPage, this);
+    paramPage = new WeldParameterPage(settingPage, this);
+    trackingPage = new LaserTrackingPage(this);
+
+    const QString icons = QStringLiteral(":/png/meanlist/");
+    addPage(tr("Weld Setup"), tr("Parmeter Setting"), settingPage, icons + QLatin1String("LaserWeldDeviceSetting.png"));
+    addPage(tr("Weld I/O"), tr("Soldering I/O"), ioPage, icons + QLatin1String("LaserWeldIO.png"));
+    addPage(tr("Char. Curve"), tr("Characteristic curves"), curvePage,
+            icons + QLatin1String("LaserWeldCharacteristicCurve.png"));
+    addPage(tr("Weld Data"), tr("Welding Parameters"), paramPage, icons + QLatin1String("LaserWeldProcessSetting.png"));
+    addPage(tr("Laser Tracking"), tr("Laser Tracking"), trackingPage,
+            icons + QLatin1String("LaserWeldWeaveFunction.png"));
+    trackingIndex = ui->stackedWidget->indexOf(trackingPage);
+}
+
+void LaserWeldPage::applyOwnStyle()
+{
+    setScaledSheet(ui->wgtContent, "QWidget{background-color:white;}");
+    setScaledSheet(ui->wgtTitle, "QWidget{background-color:white;}");
+    setScaledSheet(ui->lblTitle, "QLabel#lblTitle{font:bold 16px;min-height:30px;}");
+}
+
+void LaserWeldPage::addPage(const QString& title, const QString& caption, QWidget* page, const QString& iconPath)
+{
+    if (page == nullptr) {
+        return;
+    }
+    const int index = ui->stackedWidget->addWidget(page);
+    auto* button = new QToolButton;
+    button->setText(title);
+    button->setCheckable(true);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setMinimumHeight(kButtonHeight);
+    button->setProperty("pageIndex", index);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    if (!iconPath.isEmpty() && QFile::exists(iconPath)) {
+        button->setIcon(QIcon(iconPath));
+    }
+    setScaledSheet(button, kNavigationSheet);
+    ui->verticalLayout_4->addWidget(button);
+    connect(button, &QToolButton::clicked, this, [this, button, page, caption] { openPage(button, page, caption); });
+}
+
+void LaserWeldPage::openPage(QToolButton* button, QWidget* page, const QString& caption)
+{
+    lastButton = button;
+    ui->stackedWidget->setCurrentWidget(page);
+    ui->lblTitle->setText(caption);
+    const QList<QToolButton*> buttons = navigationButtons();
+    for (QToolButton* other : buttons) {
+        other->setChecked(other == button);
+    }
+}
+
+QList<QToolButton*> LaserWeldPage::navigationButtons() const
+{
+    return ui->wgtNav->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void LaserWeldPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (lastButton == nullptr) {
+        lastButton = navigationButtons().value(0);
+    }
+    if (lastButton != nullptr) {
+        lastButton->click();
+    }
+    ui->stackedWidget->refreshCurrentPageLayout();
+}
+
+void LaserWeldPage::initStyle()
+{
+    setScaledSheet(this, kScrollBarSheet);
+    settingPage->initStyle();
+    ioPage->initStyle();
+    curvePage->initStyle();
+    paramPage->initStyle();
+    trackingPage->initStyle();
+    ui->stackedWidget->refreshCurrentPageLayout();
+}
+
+void LaserWeldPage::setPageStatus(bool enable)
+{
+    ioPage->setDisabled(enable);
+    curvePage->setDisabled(enable);
+    paramPage->setDisabled(enable);
+    settingPage->setAllPlaneStatus(!enable);
+}

@@ -1,0 +1,304 @@
+#include "page/weldsettingpage.h"
+#include "ui_weldsettingpage.h"
+
+#include "common/commandresult.h"
+#include "common/controller.h"
+#include "common/mjson.h"
+#include "common/names.h"
+#include "common/operatormessage.h"
+#include "page/blockingpause.h"
+#include "widgets/pagestyle.h"
+#include "widgets/uiscale.h"
+
+#include <QScopedValueRollback>
+#include <QShowEvent>
+
+namespace
+{
+
+/// The whole node "weld_setting_config".
+constexpr FieldSpec kSettingFields[] = {
+    {"laser_main_enable", "pushButton_main_enable", Read::Bool},
+    {"laser_comm_type", "comboBox_laser_comm_type", Read::Fixed, 0},
+    {"laser_power", "spinBox_laser_power", Read::Truncated},
+    {"feedback_delay", "spinBox_feedback_delay", Read::Truncated},
+    {"pre_gas_time", "spinBox_pre_gas_time", Read::Integer},
+    {"delay_off_time", "spinBox_delay_off_time", Read::Integer},
+    {"detection_delay", "spinBox_detection_delay", Read::Integer},
+    {"manual_gas_time", "spinBox_manual_gas_time", Read::Integer},
+    {"retraction_distance", "doubleSpinBox_retraction_distance", Read::Truncated},
+    {"retraction_speed", "doubleSpinBox_retraction_speed", Read::Truncated},
+    {"detection_time", "spinBox_detection_time", Read::Integer},
+    {"feeder_enable", "pushButton_Feeder", Read::Bool},
+    {"wire_feeder_comm_type", "comboBox_wire_feeder_comm_type", Read::Fixed, 0},
+    {"max_feed_speed", "doubleSpinBox_max_feed_speed", Read::Truncated},
+    {"manual_feed_speed", "doubleSpinBox_manual_feed_speed", Read::Truncated},
+    {"manual_retract_speed", "doubleSpinBox_manual_retract_speed", Read::Truncated},
+    {"wire_feedback_detection", "spinBox_wire_feedback_detection", Read::Integer},
+    {"laser_check_out_time", "spinBox_laser_check_out_time", Read::Integer},
+};
+
+/// Shown by reportSaveResult in this class's context.
+[[maybe_unused]] constexpr const char* kSharedTexts[] = {
+    QT_TRANSLATE_NOOP("WeldSettingPage", "Saved successfully"),
+    QT_TRANSLATE_NOOP("WeldSettingPage", "Save failed. Please check the parameter configuration."),
+};
+
+constexpr int kFontPoints = 10;
+
+/// How long the switch rests before its command and before the answer is judged, in milliseconds.
+constexpr int kSwitchPauseMs = 300;
+
+std::unique_ptr<Ui::WeldSettingPage> buildForm(WeldSettingPage* page)
+{
+    auto form = std::make_unique<Ui::WeldSettingPage>();
+    form->setupUi(page);
+    return form;
+}
+
+} // namespace
+
+WeldSettingPage::WeldSettingPage(QWidget* parent) : QWidget(parent), ui(buildForm(this)), m_fields(this, kSettingFields)
+{
+    initConnect();
+    hideUnusedControls();
+    applyCompactLayout();
+}
+
+WeldSettingPage::~WeldSettingPage() = default;
+
+void WeldSettingPage::initConnect()
+{
+    connect(ui->pushButton_Retraction, &EnableButton::enabled, this, &WeldSettingPage::setRetractionPlanStatus);
+    connect(ui->pushButton_Feeder, &EnableButton::enabled, this, &WeldSettingPage::setFeederPlanStatus);
+    connect(ui->pushButton_save, &QPushButton::clicked, this, &WeldSettingPage::save);
+    connect(ui->pushButton_cancel, &QPushButton::clicked, this, &WeldSettingPage::cancel);
+    connect(ui->pushButton_main_enable, &EnableButton::enabled, this, &WeldSettingPage::onSwitchMain);
+}
+
+void WeldSettingPage::hideUnusedControls()
+{
+    // The controller serves one kind of laser and feeder interface; these controls are neither loaded nor saved.
+    QWidget* const unused[] = {
+        ui->pushButton_Retraction,    ui->pushButton_WireSticking,        ui->comboBox_feedback_di,
+        ui->label_feedback_di,        ui->comboBox_detection_do,          ui->label_detection_do,
+        ui->comboBox_laser_comm_type, ui->label_laser_comm_type,          ui->comboBox_wire_feed_type,
+        ui->label_wire_feed_type,     ui->comboBox_wire_feeder_comm_type, ui->label_wire_feeder_comm_type,
+    };
+    for (QWidget* widget : unused) {
+        widget->setVisible(false);
+    }
+}
+
+void WeldSettingPage::showEvent(QShowEvent* event)
+{
+    fillSignalCombos();
+    QWidget::showEvent(event);
+    loadFromController();
+    initStyle();
+}
+
+void WeldSettingPage::fillSignalCombos()
+{
+    ui->comboBox_detection_do->clear();
+    ui->comboBox_detection_do->addItem(QString());
+    ui->comboBox_detection_do->addItems(mJson::GetDO());
+    ui->comboBox_feedback_di->clear();
+    ui->comboBox_feedback_di->addItem(QString());
+    ui->comboBox_feedback_di->addItems(mJson::GetDI());
+}
+
+void WeldSettingPage::loadFromController()
+{
+    loadServerConfigFromJson(controller::readNode(QLatin1String(names::node::kWeldSetting)));
+    initPlaneStatus();
+    applyOperateStatus();
+}
+
+void WeldSettingPage::applyOperateStatus()
+{
+    setEnabled(operatorMayChange());
+    setAllPlaneStatus(!getMainBtnStatus());
+}
+
+void WeldSettingPage::initPlaneStatus()
+{
+    setRetractionPlanStatus(true);
+    setFeederPlanStatus(ui->pushButton_Feeder->getIsEnabled());
+}
+
+void WeldSettingPage::setAllPlaneStatus(bool enabled)
+{
+    QWidget* const lockable[] = {
+        ui->frame,          ui->frame_2, ui->frame_3, ui->frame_4, ui->frame_WireSticking, ui->pushButton_cancel,
+        ui->pushButton_save};
+    for (QWidget* widget : lockable) {
+        widget->setEnabled(enabled);
+    }
+}
+
+void WeldSettingPage::setRetractionPlanStatus(bool isOn)
+{
+    ui->doubleSpinBox_retraction_distance->setEnabled(isOn);
+    ui->doubleSpinBox_retraction_speed->setEnabled(isOn);
+}
+
+void WeldSettingPage::setFeederPlanStatus(bool isOn)
+{
+    QWidget* const feederFields[] = {
+        ui->comboBox_wire_feeder_comm_type,     ui->comboBox_wire_feed_type,
+        ui->doubleSpinBox_max_feed_speed,       ui->doubleSpinBox_manual_feed_speed,
+        ui->doubleSpinBox_manual_retract_speed, ui->spinBox_wire_feedback_detection,
+    };
+    for (QWidget* widget : feederFields) {
+        widget->setEnabled(isOn);
+    }
+}
+
+void WeldSettingPage::setWireStickingPlanStatus(bool isOn)
+{
+    // The detect duration belongs to the feeder as well and stays editable either way.
+    ui->comboBox_detection_do->setEnabled(isOn);
+    ui->comboBox_feedback_di->setEnabled(isOn);
+}
+
+bool WeldSettingPage::getMainBtnStatus()
+{
+    return ui->pushButton_main_enable->getIsEnabled();
+}
+
+QJsonObject WeldSettingPage::saveServerConfigToJson()
+{
+    return {{QLatin1String(names::command::kSetWeldSetting), m_fields.save()}};
+}
+
+void WeldSettingPage::loadServerConfigFromJson(const QJsonValue& config)
+{
+    if (!config.isObject()) {
+        return;
+    }
+    m_fields.load(config.toObject());
+    ui->pushButton_Retraction->setIsEnabled(true, false);
+}
+
+bool WeldSettingPage::validateLaserCheckTime() const
+{
+    if (ui->spinBox_feedback_delay->value() >= ui->spinBox_laser_check_out_time->value()) {
+        return true;
+    }
+    tellOperator(pendix::error,
+                 tr("The detected time of the light output is later than the light output inspection time; "
+                    "saving failed!"));
+    return false;
+}
+
+void WeldSettingPage::checkSaveResult(const QJsonArray& result, const QString& key)
+{
+    reportSaveResult("WeldSettingPage", result, key);
+}
+
+void WeldSettingPage::save()
+{
+    if (m_commandUnderWay) {
+        return;
+    }
+    if (!operatorMayChange()) {
+        applyOperateStatus();
+        return;
+    }
+    if (!validateLaserCheckTime()) {
+        return;
+    }
+    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
+    const QJsonArray result = controller::sendCommand(this, saveServerConfigToJson());
+    checkSaveResult(result, QLatin1String(names::command::kSetWeldSetting));
+}
+
+void WeldSettingPage::cancel()
+{
+    if (m_commandUnderWay) {
+        return;
+    }
+    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
+    loadFromController();
+    tellOperator(pendix::information, tr("Cancel successful"));
+}
+
+void WeldSettingPage::setMainSwitch(bool isOn)
+{
+    ui->pushButton_main_enable->setIsEnabled(isOn, false);
+}
+
+void WeldSettingPage::onSwitchMain(bool isOn)
+{
+    if (m_commandUnderWay) {
+        setMainSwitch(!isOn);
+        return;
+    }
+    if (!operatorMayChange()) {
+        setMainSwitch(!isOn);
+        applyOperateStatus();
+        return;
+    }
+    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
+    blockingPause(kSwitchPauseMs);
+    if (controller::isRobotPowered()) {
+        tellOperator(pendix::error, tr("Do not modify while powered on!"));
+        setMainSwitch(!isOn);
+        return;
+    }
+    if (isOn) {
+        switchOn();
+    } else {
+        switchOff();
+    }
+}
+
+void WeldSettingPage::switchOff()
+{
+    controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("FALSE"));
+    setAllPlaneStatus(true);
+    setMainSwitch(false);
+}
+
+void WeldSettingPage::switchOn()
+{
+    if (!validateLaserCheckTime()) {
+        setMainSwitch(false);
+        return;
+    }
+    const QJsonArray result =
+        controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("TRUE"));
+    blockingPause(kSwitchPauseMs);
+    if (!parseJsonBool(result)) {
+        tellOperator(pendix::error, tr("Laser weld startup faild!"));
+        setMainSwitch(false);
+        return;
+    }
+    setAllPlaneStatus(false);
+    setMainSwitch(true);
+    // The controller welds with what the form shows, saved or not; its answer changes nothing here.
+    controller::sendCommand(this, saveServerConfigToJson());
+}
+
+void WeldSettingPage::initStyle()
+{
+    QFrame* const panels[] = {ui->frame, ui->frame_2, ui->frame_3, ui->frame_4, ui->frame_5, ui->frame_WireSticking};
+    for (QFrame* panel : panels) {
+        setPanelFrameStyle(panel);
+    }
+    UiScale::applyContentFonts(this, kFontPoints);
+    applyCompactLayout();
+}
+
+void WeldSettingPage::applyCompactLayout()
+{
+    // Minimum: the page stack gives the page its content's height and leaves the rest of the screen free.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    tightenPageHorizontalSpacers(this);
+    const int rowHeight = UiScale::formRowHeight(this);
+    const QList<QSpinBox*> spinBoxes = findChildren<QSpinBox*>();
+    for (QSpinBox* spinBox : spinBoxes) {
+        spinBox->setMinimumHeight(rowHeight);
+    }
+}

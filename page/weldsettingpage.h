@@ -1,0 +1,88 @@
+#ifndef PAGE_WELDSETTINGPAGE_H
+#define PAGE_WELDSETTINGPAGE_H
+
+#include "widgets/formfields.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui
+{
+class WeldSettingPage;
+}
+
+/// The device setting page: edits the controller node "weld_setting_config" (times in ms, speeds in mm/s,
+/// distances in mm, power in W) and carries the main switch, which turns laser welding on and off in the
+/// controller. While welding is on, or while the operator's level is 2 or lower, nothing can be edited.
+class WeldSettingPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit WeldSettingPage(QWidget* parent);
+    ~WeldSettingPage() override;
+
+    /// Whether the main switch is on, that is whether welding is enabled. Other pages ask before they save.
+    bool getMainBtnStatus();
+
+    /// Enables or disables the setting frames, Cancel and Save. The main switch stays as it is.
+    void setAllPlaneStatus(bool enabled);
+
+    /// The save command: {"set_weld_setting_config": {...}} with the form's current values.
+    QJsonObject saveServerConfigToJson();
+
+    /// Fills the form from the node without emitting anything; a value that is no object changes nothing.
+    void loadServerConfigFromJson(const QJsonValue& config);
+
+    /// Whether the laser detect time is not below the laser check out time; tells the operator if it is.
+    bool validateLaserCheckTime() const;
+
+    /// Enables the restart and feeder fields as their switches say.
+    void initPlaneStatus();
+
+    /// Judges a save's result array and tells the operator; see reportSaveResult.
+    void checkSaveResult(const QJsonArray& result, const QString& key);
+
+    void initConnect();
+
+    /// Sheets, fonts and row heights for the screen the page is on.
+    void initStyle();
+
+signals:
+    /// Part of the interface towards an embedding page; the page itself does not emit it.
+    void setMainEnable(bool enabled);
+
+public slots:
+    void setRetractionPlanStatus(bool isOn);
+    void setWireStickingPlanStatus(bool isOn);
+    void setFeederPlanStatus(bool isOn);
+
+    /// Carries out a flip of the main switch in the controller; puts the switch back when that fails.
+    void onSwitchMain(bool isOn);
+
+protected:
+    /// Reads catalogue and node anew and derives from them what can be edited.
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void hideUnusedControls();
+    void fillSignalCombos();
+    void loadFromController();
+    void applyOperateStatus();
+    void applyCompactLayout();
+    void save();
+    void cancel();
+    void switchOff();
+    void switchOn();
+    void setMainSwitch(bool isOn);
+
+    std::unique_ptr<Ui::WeldSettingPage> ui;
+    FormFields m_fields;
+    bool m_commandUnderWay = false;
+};
+
+#endif

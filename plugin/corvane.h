@@ -1,0 +1,44 @@
+#ifndef PLUGIN_CORVANE_H
+#define PLUGIN_CORVANE_H
+
+#include "pendix/pluginbase.h"
+
+#include <QPointer>
+
+class LaserWeldPage;
+class ShowStatusBar;
+
+namespace pendix
+{
+
+/// Interface version of the library, 1.
+int api();
+
+/// The plug-in object of the laser-welding package. The host constructs it through the registered factory
+/// and calls init, afterInit and render in this order.
+class Corvane : public PluginBase
+{
+    Q_OBJECT
+
+public:
+    explicit Corvane(QObject* parent);
+
+    /// Creates the main page and the status bar item and hands them to the host.
+    void init() override;
+    void afterInit() override;
+    /// Styles the main page, and keeps the status bar item in step with every (re)connection of the
+    /// controller. Needs init; further calls style again and connect nothing twice.
+    void render() override;
+    void idle() override;
+
+private:
+    void showWeldingMode();
+
+    // Both belong to the host once they have been handed over.
+    QPointer<LaserWeldPage> page;
+    QPointer<ShowStatusBar> statusBar;
+};
+
+} // namespace pendix
+
+#endif
