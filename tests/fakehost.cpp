@@ -1,0 +1,202 @@
+#include "fakehost.h"
+
+#include <QWidget>
+
+FakeHost::FakeHost()
+{
+    pendix::installHost(this);
+}
+
+FakeHost::~FakeHost()
+{
+    delete centerWidget;
+    delete statusBar;
+    pendix::installHost(nullptr);
+}
+
+QString FakeHost::lastMessage() const
+{
+    return messages.isEmpty() ? QString()
+                              : QStringLiteral("%1|%2").arg(messages.last().level).arg(messages.last().text);
+}
+
+void FakeHost::forget()
+{
+    reads.clear();
+    commands.clear();
+    senders.clear();
+    messages.clear();
+    logs.clear();
+    calls.clear();
+}
+
+QJsonArray FakeHost::answer(const QString& command, const QJsonValue& code)
+{
+    return {QJsonObject{{"Corvane", QJsonObject{{command, QJsonObject{{"return", code}}}}}}};
+}
+
+QJsonArray FakeHost::execute(QObject* sender, const QString& command, const QJsonValue& value)
+{
+    commands.append({command, value});
+    senders.append(sender);
+    if (onCommand) {
+        onCommand(command);
+    }
+    const QJsonValue success = command == "set_weld_enable" ? QJsonValue(true) : QJsonValue(0);
+    return answers.value(command, answer(command, success));
+}
+
+QJsonArray FakeHost::commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command)
+{
+    Q_UNUSED(plugin)
+    const QString name = command.size() == 1 ? command.constBegin().key() : QStringLiteral("<not one member>");
+    return execute(sender, name, command.value(name));
+}
+
+QJsonArray FakeHost::commandCustomData(QObject* sender, const QString& plugin, const QString& command,
+                                       const QString& value)
+{
+    Q_UNUSED(plugin)
+    return execute(sender, command, value);
+}
+
+QJsonValue FakeHost::getVexaServiceData(const QString& name)
+{
+    reads.append(name);
+    return nodes.value(name, QJsonValue::Undefined);
+}
+
+void FakeHost::disconnectVexaServiceData(const QString& plugin, const QString& data, const QString& extra)
+{
+    calls.append(QStringLiteral("disconnectVexaServiceData %1 %2 '%3'").arg(plugin, data, extra));
+}
+
+QJsonValue FakeHost::getNodeData(const QString& name)
+{
+    reads.append(name);
+    return nodes.value(name, QJsonValue::Undefined);
+}
+
+QStringList FakeHost::getIOByType(const QString& type)
+{
+    return io.value(type);
+}
+
+QHash<QString, QStringList> FakeHost::getRegisterHash()
+{
+    QHash<QString, QStringList> hash;
+    for (const QString& name : qAsConst(registerNames)) {
+        hash.insert(name, {});
+    }
+    return hash;
+}
+
+QJsonValue FakeHost::getRegisterValue()
+{
+    return registers;
+}
+
+bool FakeHost::getRobotEleStatus()
+{
+    return powered;
+}
+
+int FakeHost::getUserOperateLevel()
+{
+    return level;
+}
+
+QStringList FakeHost::getPointNameList()
+{
+    return io.value("point");
+}
+
+void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
+{
+    calls.append(QStringLiteral("addCurrentPoint %1 %2 %3 %4").arg(name, overwrite ? "true" : "false", tool, wobj));
+}
+
+QStringList FakeHost::getToolList()
+{
+    return io.value("tool");
+}
+
+QStringList FakeHost::getWobjList()
+{
+    return io.value("wobj");
+}
+
+QStringList FakeHost::getSpeedList()
+{
+    return io.value("speed");
+}
+
+QStringList FakeHost::getZoneList()
+{
+    return io.value("zone");
+}
+
+QString FakeHost::getCurTool()
+{
+    return nodes.value("tool").toString();
+}
+
+QString FakeHost::getCurWobj()
+{
+    return nodes.value("wobj").toString();
+}
+
+pendix::InterfaceManager* FakeHost::interfaceManager()
+{
+    return this;
+}
+
+void FakeHost::throwLog(const QString& source, pendix::enThrowLogLevel logLevel, const QString& text)
+{
+    messages.append({source, static_cast<int>(logLevel), text});
+}
+
+void FakeHost::createCenterWidget(const QString& plugin, QWidget* widget)
+{
+    calls.append(QStringLiteral("createCenterWidget %1").arg(plugin));
+    centerWidget = widget;
+}
+
+void FakeHost::createStatusBar(const QString& plugin, QWidget* widget, int position)
+{
+    calls.append(QStringLiteral("createStatusBar %1 %2").arg(plugin).arg(position));
+    statusBar = widget;
+}
+
+void FakeHost::createPhyButtonList(const QString& plugin, const QString& name,
+                                   const QList<pendix::PhysicalButton>& first,
+                                   const QList<pendix::PhysicalButton>& second, const QStringList& selector)
+{
+    calls.append(QStringLiteral("createPhyButtonList %1 %2 %3 %4 %5")
+                     .arg(plugin, name)
+                     .arg(first.size())
+                     .arg(second.size())
+                     .arg(selector.size()));
+}
+
+void FakeHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)
+{
+    calls.append(QStringLiteral("changePhyButtonStatus %1 %2 %3").arg(plugin, name, on ? "true" : "false"));
+}
+
+void FakeHost::changeModelWindowStatus(const QString& plugin, bool modal)
+{
+    calls.append(QStringLiteral("changeModelWindowStatus %1 %2").arg(plugin, modal ? "true" : "false"));
+}
+
+int FakeHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
+{
+    calls.append(QStringLiteral("pluginNoUniqueWidget %1").arg(plugin));
+    out = nullptr;
+    return -1;
+}
+
+void FakeHost::log(const pendix::LogStatement& statement)
+{
+    logs.append(statement);
+}

@@ -1,0 +1,91 @@
+#ifndef TESTS_FAKEHOST_H
+#define TESTS_FAKEHOST_H
+
+#include "pendixhost/host.h"
+
+#include <QMap>
+#include <QPair>
+#include <QPointer>
+#include <QVector>
+
+#include <functional>
+
+/// A host for tests: records what the package sends and answers what the test scripts. Installs itself
+/// for as long as it lives.
+class FakeHost : public pendix::InterfaceManager, public pendix::Host
+{
+    Q_OBJECT
+
+public:
+    struct Message {
+        QString source;
+        int level = 0;
+        QString text;
+    };
+
+    FakeHost();
+    ~FakeHost() override;
+
+    // Scripted by the test.
+    QMap<QString, QJsonValue> nodes;               ///< service data and host settings by name
+    QMap<QString, QStringList> io;                 ///< signal names by type
+    QJsonValue registers;                          ///< register metadata
+    QStringList registerNames;                     ///< keys of the register hash
+    int level = 3;                                 ///< operator level
+    bool powered = false;                          ///< robot power
+    QMap<QString, QJsonArray> answers;             ///< result array by command name; else "return" 0 (true for enable)
+    std::function<void(const QString&)> onCommand; ///< runs while a command is under way
+
+    // Recorded, in order.
+    QStringList reads;                            ///< names given to getVexaServiceData and getNodeData
+    QVector<QPair<QString, QJsonValue>> commands; ///< command name and argument
+    QVector<QObject*> senders;                    ///< sender of each command
+    QVector<Message> messages;                    ///< operator messages
+    QVector<pendix::LogStatement> logs;           ///< finished log statements
+    QStringList calls;                            ///< the other calls, as "call plugin argument..."
+    QPointer<QWidget> centerWidget;
+    QPointer<QWidget> statusBar;
+
+    QString lastMessage() const; ///< "level|text" of the last message, empty when there is none
+    void forget();               ///< clears what is recorded
+    /// A result array in which the plug-in answers one command.
+    static QJsonArray answer(const QString& command, const QJsonValue& code);
+
+    // InterfaceManager
+    QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command) override;
+    QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QString& command,
+                                 const QString& value) override;
+    QJsonValue getVexaServiceData(const QString& name) override;
+    void disconnectVexaServiceData(const QString& plugin, const QString& data, const QString& extra) override;
+    QJsonValue getNodeData(const QString& name) override;
+    QStringList getIOByType(const QString& type) override;
+    QHash<QString, QStringList> getRegisterHash() override;
+    QJsonValue getRegisterValue() override;
+    bool getRobotEleStatus() override;
+    int getUserOperateLevel() override;
+    QStringList getPointNameList() override;
+    void addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj) override;
+    QStringList getToolList() override;
+    QStringList getWobjList() override;
+    QStringList getSpeedList() override;
+    QStringList getZoneList() override;
+    QString getCurTool() override;
+    QString getCurWobj() override;
+
+    // Host
+    pendix::InterfaceManager* interfaceManager() override;
+    void throwLog(const QString& source, pendix::enThrowLogLevel logLevel, const QString& text) override;
+    void createCenterWidget(const QString& plugin, QWidget* widget) override;
+    void createStatusBar(const QString& plugin, QWidget* widget, int position) override;
+    void createPhyButtonList(const QString& plugin, const QString& name, const QList<pendix::PhysicalButton>& first,
+                             const QList<pendix::PhysicalButton>& second, const QStringList& selector) override;
+    void changePhyButtonStatus(const QString& plugin, const QString& name, bool on) override;
+    void changeModelWindowStatus(const QString& plugin, bool modal) override;
+    int pluginNoUniqueWidget(const QString& plugin, QWidget*& out) override;
+    void log(const pendix::LogStatement& statement) override;
+
+private:
+    QJsonArray execute(QObject* sender, const QString& command, const QJsonValue& value);
+};
+
+#endif

@@ -1,0 +1,155 @@
+#include "fakehost.h"
+#include "formdriver.h"
+#include "page/characteristicscurvepage.h"
+#include "page/lasertrackingpage.h"
+#include "page/laserweldpage.h"
+#include "page/showstatusbar.h"
+#include "page/weldiopage.h"
+#include "page/weldparameterpage.h"
+#include "page/weldsettingpage.h"
+#include "widgets/stackedwidgetfit.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+
+namespace
+{
+
+struct Shown {
+    FakeHost host;
+    LaserWeldPage page{nullptr};
+    FormDriver form{&page};
+
+    Shown() { page.resize(860, 620); }
+
+    QList<QToolButton*> buttons() const
+    {
+        return form.find("wgtNav")->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    QString title() const { return form.find<QLabel>("lblTitle")->text(); }
+    QWidget* current() const { return form.find<StackedWidgetFit>("stackedWidget")->currentWidget(); }
+    QStringList checked() const
+    {
+        QStringList texts;
+        for (const QToolButton* button : buttons()) {
+            if (button->isChecked()) {
+                texts.append(button->text());
+            }
+        }
+        return texts;
+    }
+};
+
+} // namespace
+
+class TestLaserWeldPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void navigation();
+    void remembersThePageLeft();
+    void addPage();
+    void pageStatus();
+    void smallScreenScrolls();
+    void statusPictures();
+};
+
+void TestLaserWeldPage::navigation()
+{
+    Shown shown;
+    QCOMPARE(shown.title(), QString("Title"));
+    shown.page.show();
+    const QList<QStringList> rows{{"Weld Setup", "Parmeter Setting", "WeldSettingPage"},
+                                  {"Weld I/O", "Soldering I/O", "WeldioPage"},
+                                  {"Char. Curve", "Characteristic curves", "CharacteristicsCurvePage"},
+                                  {"Weld Data", "Welding Parameters", "WeldParameterPage"},
+                                  {"Laser Tracking", "Laser Tracking", "LaserTrackingPage"}};
+    QCOMPARE(shown.checked(), QStringList{"Weld Setup"});
+    QCOMPARE(shown.buttons().size(), rows.size());
+    for (int i = 0; i < rows.size(); ++i) {
+        QToolButton* button = shown.buttons()[i];
+        QTest::mouseClick(button, Qt::LeftButton);
+        const QStringList row{button->text(), shown.title(), shown.current()->metaObject()->className()};
+        QCOMPARE(row, rows[i]);
+        QCOMPARE(shown.checked(), QStringList{button->text()});
+        QVERIFY(!button->icon().isNull());
+        QCOMPARE(button->property("pageIndex").toInt(),
+                 shown.form.find<StackedWidgetFit>("stackedWidget")->currentIndex());
+    }
+}
+
+void TestLaserWeldPage::remembersThePageLeft()
+{
+    Shown shown;
+    shown.page.show();
+    QTest::mouseClick(shown.buttons()[3], Qt::LeftButton);
+    shown.page.hide();
+    shown.page.show();
+    QCOMPARE(shown.checked(), QStringList{"Weld Data"});
+    QCOMPARE(shown.title(), QString("Welding Parameters"));
+}
+
+void TestLaserWeldPage::addPage()
+{
+    Shown shown;
+    shown.page.addPage("none", "none", nullptr, QString());
+    QCOMPARE(shown.buttons().size(), 5);
+    auto* extra = new QWidget;
+    shown.page.addPage("Extra", "Extra page", extra, ":/png/no-such-picture.png");
+    QCOMPARE(shown.buttons().size(), 6);
+    QVERIFY(shown.buttons().last()->icon().isNull());
+    shown.page.show();
+    QTest::mouseClick(shown.buttons().last(), Qt::LeftButton);
+    QCOMPARE(shown.current(), extra);
+}
+
+void TestLaserWeldPage::pageStatus()
+{
+    Shown shown;
+    shown.page.show();
+    for (const bool locked : {true, false}) {
+        shown.page.setPageStatus(locked);
+        QCOMPARE(shown.form.find<WeldioPage>(QString())->isEnabled(), !locked);
+        QCOMPARE(shown.form.find<CharacteristicsCurvePage>(QString())->isEnabled(), !locked);
+        QCOMPARE(shown.form.find<WeldParameterPage>(QString())->isEnabled(), !locked);
+        QCOMPARE(shown.form.isEnabled("frame_2"), !locked);
+        QVERIFY(shown.form.find<LaserTrackingPage>(QString())->isEnabled());
+    }
+}
+
+void TestLaserWeldPage::smallScreenScrolls()
+{
+    Shown shown;
+    shown.page.initStyle();
+    shown.page.resize(640, 260);
+    shown.page.show();
+    QTRY_VERIFY(shown.form.find<QScrollArea>("scrollArea")->verticalScrollBar()->maximum() > 0);
+    // The setting page keeps its content's height, so its last row can be reached.
+    QTRY_VERIFY(shown.current()->height() >= shown.form.find("pushButton_save")->geometry().bottom());
+    shown.page.resize(1000, 900);
+    QTRY_COMPARE(shown.form.find<QScrollArea>("scrollArea")->verticalScrollBar()->maximum(), 0);
+    QTRY_VERIFY2(shown.current()->height() < 700, "a compact page is not stretched");
+}
+
+void TestLaserWeldPage::statusPictures()
+{
+    ShowStatusBar item(nullptr);
+    QCOMPARE(item.size(), QSize(53, 25));
+    const auto* label = item.findChild<QLabel*>("label");
+    item.SetRealWelding();
+    const QImage real = label->pixmap(Qt::ReturnByValue).toImage();
+    QCOMPARE(real.height(), 25);
+    item.SetVirtualWelding();
+    const QImage simulated = label->pixmap(Qt::ReturnByValue).toImage();
+    QCOMPARE(simulated.height(), 25);
+    QVERIFY(real != simulated);
+    item.updateText("text");
+    QCOMPARE(label->text(), QString("text"));
+}
+
+QTEST_MAIN(TestLaserWeldPage)
+#include "tst_laserweldpage.moc"
