@@ -1,9 +1,5 @@
 # What every target of this project has in common, in one place.
 
-include(CheckCXXCompilerFlag)
-# Unique symbols (statics inside Qt's templates) would pin Corvane.so in the process: it could never be unloaded.
-check_cxx_compiler_flag(-fno-gnu-unique CORVANE_HAS_NO_GNU_UNIQUE)
-
 # corvane_configure(target): language level, warnings as errors, Qt's code generators.
 function(corvane_configure target)
   set_target_properties(${target} PROPERTIES
@@ -15,9 +11,6 @@ function(corvane_configure target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS)
-  if(CORVANE_HAS_NO_GNU_UNIQUE)
-    target_compile_options(${target} PRIVATE -fno-gnu-unique)
-  endif()
   if(CORVANE_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
@@ -31,6 +24,9 @@ function(corvane_library target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${target} OBJECT ${ARG_SOURCES})
   corvane_configure(${target})
+  # Only what a host calls is exported. Besides, exported statics of Qt's templates would be unique in the
+  # process and pin Corvane.so in it: it could never be unloaded.
+  set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_include_directories(${target} PUBLIC "${corvane_SOURCE_DIR}")
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
 endfunction()

@@ -32,7 +32,7 @@ template <int N>
 QString firstFilled(const QJsonObject& object, const char* const (&keys)[N])
 {
     for (const char* key : keys) {
-        const QString text = asText(object.value(QLatin1String(key))).trimmed();
+        QString text = asText(object.value(QLatin1String(key))).trimmed();
         if (!text.isEmpty()) {
             return text;
         }

@@ -14,10 +14,13 @@
 #include <QShowEvent>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace
 {
 
 constexpr int kButtonHeight = 42;
+constexpr QSize kIconSize(24, 24);
 
 constexpr char kNavigationSheet[] =
     "QToolButton {height: 30px;padding: 0px 6px;background-color: rgb(235, 235, 235);border: none;"
@@ -50,10 +53,10 @@ LaserWeldPage::LaserWeldPage(QWidget* parent) : QWidget(parent), ui(new Ui_Laser
     connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, [this](int index) {
         if (index == trackingIndex && trackingPage != nullptr) {
             trackingPage->initStyle();
-            ui->stackedWidget->refreshCurrentPageLayout();
+            fitCurrentPage();
         }
     });
-    ui->stackedWidget->refreshCurrentPageLayout();
+    fitCurrentPage();
     applyOwnStyle();
 }
 
@@ -71,8 +74,16 @@ void LaserWeldPage::prepareContent()
     UiScale::applyExpandingPage(ui->wgtContent);
     ui->gridLayout->setRowStretch(0, 1);
     ui->verticalLayout->setStretch(0, 1);
-    connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this,
-            [this] { ui->stackedWidget->refreshCurrentPageLayout(); });
+    connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, &LaserWeldPage::fitCurrentPage);
+}
+
+void LaserWeldPage::fitCurrentPage()
+{
+    // The stack claims no width of its own; without this a narrow screen would cut the page's texts off
+    // instead of scrolling.
+    const QWidget* current = ui->stackedWidget->currentWidget();
+    ui->stackedWidget->setMinimumWidth(current != nullptr ? std::max(0, current->minimumSizeHint().width()) : 0);
+    ui->stackedWidget->refreshCurrentPageLayout();
 }
 
 void LaserWeldPage::createPages()
@@ -116,6 +127,7 @@ void LaserWeldPage::addPage(const QString& title, const QString& caption, QWidge
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     if (!iconPath.isEmpty() && QFile::exists(iconPath)) {
         button->setIcon(QIcon(iconPath));
+        button->setIconSize(kIconSize);
     }
     setScaledSheet(button, kNavigationSheet);
     ui->verticalLayout_4->addWidget(button);
@@ -147,7 +159,7 @@ void LaserWeldPage::showEvent(QShowEvent* event)
     if (lastButton != nullptr) {
         lastButton->click();
     }
-    ui->stackedWidget->refreshCurrentPageLayout();
+    fitCurrentPage();
 }
 
 void LaserWeldPage::initStyle()
@@ -158,7 +170,7 @@ void LaserWeldPage::initStyle()
     curvePage->initStyle();
     paramPage->initStyle();
     trackingPage->initStyle();
-    ui->stackedWidget->refreshCurrentPageLayout();
+    fitCurrentPage();
 }
 
 void LaserWeldPage::setPageStatus(bool enable)

@@ -40,6 +40,7 @@ protected:
 private:
     void prepareContent();
     void createPages();
+    void fitCurrentPage();
     void applyOwnStyle();
     void openPage(QToolButton* button, QWidget* page, const QString& caption);
     QList<QToolButton*> navigationButtons() const;

@@ -13,6 +13,8 @@
 #include <QScopedValueRollback>
 #include <QShowEvent>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -54,6 +56,28 @@ std::unique_ptr<Ui::WeldSettingPage> buildForm(WeldSettingPage* page)
     auto form = std::make_unique<Ui::WeldSettingPage>();
     form->setupUi(page);
     return form;
+}
+
+QList<QLabel*> unitLabels(const QWidget* page)
+{
+    QList<QLabel*> units = page->findChildren<QLabel*>();
+    units.erase(std::remove_if(units.begin(), units.end(),
+                               [](const QLabel* label) { return label->property("type") != QLatin1String("unit"); }),
+                units.end());
+    return units;
+}
+
+/// Gives all widgets the width that the widest one asks for.
+template <typename T>
+void alignWidths(const QList<T*>& widgets)
+{
+    int width = 0;
+    for (const T* widget : widgets) {
+        width = std::max(width, widget->sizeHint().width());
+    }
+    for (T* widget : widgets) {
+        widget->setMinimumWidth(width);
+    }
 }
 
 } // namespace
@@ -288,7 +312,15 @@ void WeldSettingPage::initStyle()
         setPanelFrameStyle(panel);
     }
     UiScale::applyContentFonts(this, kFontPoints);
+    const QFont font = UiScale::contentFont(this, kFontPoints);
+    ui->pushButton_cancel->setFont(font);
+    ui->pushButton_save->setFont(font);
     applyCompactLayout();
+    // Fields and units stand in one line across the frames, whose grids know nothing of each other. Measured
+    // last and never before the sheets are set: measuring polishes a widget, and a sheet set later on a frame
+    // that is not on the screen yet would no longer reach it.
+    alignWidths(findChildren<QSpinBox*>());
+    alignWidths(unitLabels(this));
 }
 
 void WeldSettingPage::applyCompactLayout()

@@ -11,8 +11,8 @@ class ShowStatusBar;
 namespace pendix
 {
 
-/// Interface version of the library, 1.
-int api();
+/// Interface version of the library, 1. The one function that the library exports by itself.
+Q_DECL_EXPORT int api();
 
 /// The plug-in object of the laser-welding package. The host constructs it through the registered factory
 /// and calls init, afterInit and render in this order.

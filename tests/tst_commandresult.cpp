@@ -12,7 +12,7 @@ namespace
 QJsonArray parse(const QByteArray& json)
 {
     QJsonParseError error{};
-    const QJsonArray array = QJsonDocument::fromJson(json, &error).array();
+    QJsonArray array = QJsonDocument::fromJson(json, &error).array();
     if (error.error != QJsonParseError::NoError) {
         qFatal("bad test data: %s", json.constData());
     }

@@ -77,6 +77,7 @@ void TestPlugin::lifecycle()
     m_plugin->render();
     m_plugin->idle();
     m_host->centerWidget->show();
+    QVERIFY(!m_host->centerWidget->grab().isNull());
     QVERIFY(m_host->centerWidget->findChild<QWidget*>("WeldSettingPage")->isVisible());
     m_plugin->detach();
 }
