@@ -1,14 +1,12 @@
 #include "widgets/formfields.h"
 
+#include "common/truncate.h"
 #include "widgets/enablebutton.h"
 
 #include <QComboBox>
 #include <QJsonValue>
 #include <QSignalBlocker>
 #include <QSpinBox>
-
-#include <algorithm>
-#include <limits>
 
 namespace
 {
@@ -26,14 +24,6 @@ QWidget* findOfKind(const QWidget* form, const FieldSpec& spec)
         return form->findChild<QComboBox*>(name);
     }
     return nullptr;
-}
-
-/// Bounded before the cast: a double outside the range of int has no defined conversion.
-int truncated(const QJsonValue& value)
-{
-    const double bounded =
-        std::clamp<double>(value.toDouble(), std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    return static_cast<int>(bounded);
 }
 
 } // namespace
@@ -61,7 +51,7 @@ void FormFields::load(const QJsonObject& node) const
             static_cast<QSpinBox*>(field.widget)->setValue(value.toInt());
             break;
         case Read::Truncated:
-            static_cast<QSpinBox*>(field.widget)->setValue(truncated(value));
+            static_cast<QSpinBox*>(field.widget)->setValue(truncatedToInt(value.toDouble()));
             break;
         case Read::Bool:
             static_cast<EnableButton*>(field.widget)->setIsEnabled(value.toBool(), false);

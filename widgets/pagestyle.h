@@ -1,0 +1,33 @@
+#ifndef WIDGETS_PAGESTYLE_H
+#define WIDGETS_PAGESTYLE_H
+
+#include <QString>
+
+class QFrame;
+class QLayout;
+class QWidget;
+
+/// The style sheets the configuration pages share, and clean-up for their designer layouts. Sheets set on a
+/// widget here are damped for its screen (UiScale::scaleStylesheet); sheets handed out are not, so that each is
+/// damped exactly once, when it is complete.
+
+/// Sets a style sheet unless the widget has it already: even an unchanged sheet restyles every descendant,
+/// which is the dearest thing on the pendant. Ignores null.
+void setStyleSheetOnce(QWidget* widget, const QString& sheet);
+
+/// The sheet of all combo boxes and their popups, undamped. Pixels: height of the box (the least, or with
+/// fixedHeight the only one) and of a popup item; corner radius (10 if below 1); width of the drop-down
+/// arrow (30 if below 1).
+QString tarvoComboBoxStyleSheet(const QWidget* w, int height, int radius, int arrowWidth, bool fixedHeight);
+
+/// The rounded panel around a group of settings, with its labels, spin boxes and combo boxes. Ignores null.
+void setPanelFrameStyle(QFrame* frame);
+
+/// Gives the spacers of a layout and of its nested layouts no width of their own, so that a row takes all
+/// the room its fields leave; their height hints stay. Ignores null.
+void tightenLayoutHorizontalSpacers(QLayout* layout);
+
+/// The same for a page and everything in it. Ignores null.
+void tightenPageHorizontalSpacers(QWidget* page);
+
+#endif
