@@ -17,15 +17,15 @@ function(corvane_configure target)
   endif()
 endfunction()
 
-# corvane_library(folder SOURCES... LINKS...): the library of one package folder. LINKS are the folders
-# it may include, which makes the arrows between the folders visible here and nowhere else.
+# corvane_library(folder SOURCES... LINKS...): the library of one package folder. LINKS name the folders that
+# it may include: the arrows of the house.
 # Object libraries: a static archive would let the linker drop static initialisers.
 function(corvane_library target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${target} OBJECT ${ARG_SOURCES})
   corvane_configure(${target})
-  # Only what a host calls is exported. Besides, exported statics of Qt's templates would be unique in the
-  # process and pin Corvane.so in it: it could never be unloaded.
+  # The package's own symbols stay inside Corvane.so, apart from what a host calls. Exported statics of Qt's
+  # templates would moreover be unique in the process and pin the library in it: it could never be unloaded.
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_include_directories(${target} PUBLIC "${corvane_SOURCE_DIR}")
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})

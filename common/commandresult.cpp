@@ -3,22 +3,13 @@
 #include "common/logline.h"
 #include "common/names.h"
 #include "common/operatormessage.h"
+#include "common/truncate.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
 
-#include <algorithm>
-#include <limits>
-
 namespace
 {
-
-/// Bounded before the cast: a double outside the range of int has no defined conversion.
-int truncatedToInt(double value)
-{
-    const double bounded = std::clamp<double>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    return static_cast<int>(bounded);
-}
 
 QJsonObject pluginAnswers(const QJsonValue& element)
 {
@@ -44,19 +35,23 @@ std::optional<QJsonValue> findReturn(const QJsonArray& result, const QString& co
     return std::nullopt;
 }
 
-int extractReturnInt(const QJsonArray& result)
+int returnCode(const QJsonValue& value)
 {
-    const QJsonValue code = firstReturn(result, names::command::kSetVirtualWelding);
-    switch (code.type()) {
+    switch (value.type()) {
     case QJsonValue::String:
-        return code.toString().toInt();
+        return value.toString().toInt();
     case QJsonValue::Double:
-        return truncatedToInt(code.toDouble());
+        return truncatedToInt(value.toDouble());
     case QJsonValue::Bool:
-        return code.toBool() ? 1 : 0;
+        return value.toBool() ? 1 : 0;
     default:
         return 0;
     }
+}
+
+int extractReturnInt(const QJsonArray& result)
+{
+    return returnCode(firstReturn(result, names::command::kSetVirtualWelding));
 }
 
 bool parseJsonBool(const QJsonArray& result)

@@ -13,8 +13,11 @@
 /// The "return" value of the first element that answers the command, or nothing when no element does.
 std::optional<QJsonValue> findReturn(const QJsonArray& result, const QString& command);
 
-/// Return code of "set_virtual_welding", looked for in the first element only. Numbers are truncated
-/// toward zero, texts read as decimal integers, true is 1; anything missing or unreadable is 0.
+/// A "return" value by its JSON type: numbers are truncated toward zero, texts read as decimal integers, true
+/// is 1; anything missing or unreadable is 0.
+int returnCode(const QJsonValue& value);
+
+/// Return code of "set_virtual_welding", looked for in the first element only.
 int extractReturnInt(const QJsonArray& result);
 
 /// Outcome of "set_weld_enable": true only when the first element holds the boolean true.

@@ -12,10 +12,9 @@ namespace registerfilter
 
 /// Names of the registers whose type is in types and whose access passes rw, in metadata order, duplicates
 /// included. rw: "r", "read", "rd" or "ro" for read-only registers; "w", "write", "wr" or "wo" for all that
-/// can be written; anything else, empty included, for no access filter. Metadata that is no array, or in which
-/// no register
-/// has name, type and access, is reported by a Qt warning. Types and access words are compared trimmed and
-/// in lower case.
+/// can be written; anything else, empty included, for no access filter. Types and access words are compared
+/// trimmed and in lower case. Metadata that is no array, or in which no register has name, type and access,
+/// is reported by a Qt warning.
 QStringList filter(const QJsonValue& metadata, const QStringList& types, const QString& rw);
 
 /// Element count ("len", at least 1) of the register of that exact name; defaultLen when the register or

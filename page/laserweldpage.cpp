@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr int kButtonHeight = 42;
-constexpr QSize kIconSize(24, 24);
+constexpr QSize kIconSize(24, 24); // the size the pictures are drawn for
 
 constexpr char kNavigationSheet[] =
     "QToolButton {height: 30px;padding: 0px 6px;background-color: rgb(235, 235, 235);border: none;"
@@ -72,7 +72,6 @@ void LaserWeldPage::prepareContent()
     ui->verticalLayout_4->setContentsMargins(0, 0, 0, 0);
     UiScale::applyExpandingPage(ui->scrollAreaWidgetContents);
     UiScale::applyExpandingPage(ui->wgtContent);
-    ui->gridLayout->setRowStretch(0, 1);
     ui->verticalLayout->setStretch(0, 1);
     connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, &LaserWeldPage::fitCurrentPage);
 }

@@ -7,10 +7,10 @@
 #include "common/names.h"
 #include "common/operatormessage.h"
 #include "page/blockingpause.h"
+#include "page/commandguard.h"
 #include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
 
-#include <QScopedValueRollback>
 #include <QShowEvent>
 
 #include <algorithm>
@@ -102,7 +102,7 @@ void WeldSettingPage::initConnect()
 
 void WeldSettingPage::hideUnusedControls()
 {
-    // The controller serves one kind of laser and feeder interface; these controls are neither loaded nor saved.
+    // The controller serves one kind of laser and feeder interface; there is nothing to choose here.
     QWidget* const unused[] = {
         ui->pushButton_Retraction,    ui->pushButton_WireSticking,        ui->comboBox_feedback_di,
         ui->label_feedback_di,        ui->comboBox_detection_do,          ui->label_detection_do,
@@ -116,6 +116,12 @@ void WeldSettingPage::hideUnusedControls()
 
 void WeldSettingPage::showEvent(QShowEvent* event)
 {
+    // A page that is shown while its command is under way keeps what it is about to send.
+    if (m_commandUnderWay) {
+        QWidget::showEvent(event);
+        return;
+    }
+    const CommandGuard guard(this, &m_commandUnderWay);
     fillSignalCombos();
     QWidget::showEvent(event);
     loadFromController();
@@ -181,7 +187,7 @@ void WeldSettingPage::setFeederPlanStatus(bool isOn)
 
 void WeldSettingPage::setWireStickingPlanStatus(bool isOn)
 {
-    // The detect duration belongs to the feeder as well and stays editable either way.
+    // The detect duration stays editable either way.
     ui->comboBox_detection_do->setEnabled(isOn);
     ui->comboBox_feedback_di->setEnabled(isOn);
 }
@@ -226,6 +232,7 @@ void WeldSettingPage::save()
     if (m_commandUnderWay) {
         return;
     }
+    const CommandGuard guard(this, &m_commandUnderWay);
     if (!operatorMayChange()) {
         applyOperateStatus();
         return;
@@ -233,9 +240,10 @@ void WeldSettingPage::save()
     if (!validateLaserCheckTime()) {
         return;
     }
-    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
     const QJsonArray result = controller::sendCommand(this, saveServerConfigToJson());
-    checkSaveResult(result, QLatin1String(names::command::kSetWeldSetting));
+    if (guard.pageLives()) {
+        checkSaveResult(result, QLatin1String(names::command::kSetWeldSetting));
+    }
 }
 
 void WeldSettingPage::cancel()
@@ -243,7 +251,7 @@ void WeldSettingPage::cancel()
     if (m_commandUnderWay) {
         return;
     }
-    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
+    const CommandGuard guard(this, &m_commandUnderWay);
     loadFromController();
     tellOperator(pendix::information, tr("Cancel successful"));
 }
@@ -259,12 +267,12 @@ void WeldSettingPage::onSwitchMain(bool isOn)
         setMainSwitch(!isOn);
         return;
     }
+    const CommandGuard guard(this, &m_commandUnderWay);
     if (!operatorMayChange()) {
         setMainSwitch(!isOn);
         applyOperateStatus();
         return;
     }
-    const QScopedValueRollback<bool> underWay(m_commandUnderWay, true);
     blockingPause(kSwitchPauseMs);
     if (controller::isRobotPowered()) {
         tellOperator(pendix::error, tr("Do not modify while powered on!"));
@@ -272,20 +280,23 @@ void WeldSettingPage::onSwitchMain(bool isOn)
         return;
     }
     if (isOn) {
-        switchOn();
+        switchOn(guard);
     } else {
-        switchOff();
+        switchOff(guard);
     }
 }
 
-void WeldSettingPage::switchOff()
+void WeldSettingPage::switchOff(const CommandGuard& guard)
 {
     controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("FALSE"));
+    if (!guard.pageLives()) {
+        return;
+    }
     setAllPlaneStatus(true);
     setMainSwitch(false);
 }
 
-void WeldSettingPage::switchOn()
+void WeldSettingPage::switchOn(const CommandGuard& guard)
 {
     if (!validateLaserCheckTime()) {
         setMainSwitch(false);
@@ -294,6 +305,9 @@ void WeldSettingPage::switchOn()
     const QJsonArray result =
         controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("TRUE"));
     blockingPause(kSwitchPauseMs);
+    if (!guard.pageLives()) {
+        return;
+    }
     if (!parseJsonBool(result)) {
         tellOperator(pendix::error, tr("Laser weld startup faild!"));
         setMainSwitch(false);

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class CommandGuard;
+
 namespace Ui
 {
 class WeldSettingPage;
@@ -41,7 +43,7 @@ public:
     /// Whether the laser detect time is not below the laser check out time; tells the operator if it is.
     bool validateLaserCheckTime() const;
 
-    /// Enables the restart and feeder fields as their switches say.
+    /// Enables the restart fields, and the feeder fields as their switch says.
     void initPlaneStatus();
 
     /// Judges a save's result array and tells the operator; see reportSaveResult.
@@ -76,8 +78,8 @@ private:
     void applyCompactLayout();
     void save();
     void cancel();
-    void switchOff();
-    void switchOn();
+    void switchOff(const CommandGuard& guard);
+    void switchOn(const CommandGuard& guard);
     void setMainSwitch(bool isOn);
 
     std::unique_ptr<Ui::WeldSettingPage> ui;

@@ -40,7 +40,9 @@ void Corvane::init()
     logLine(LogLevel::Information) << "Corvane::initPhysicalButton()";
     CreateStatusBar(name, statusBar, kStatusBarPosition);
     // The controller is asked on the next connection; until then the picture warns rather than reassures.
-    statusBar->SetRealWelding();
+    if (statusBar) {
+        statusBar->SetRealWelding();
+    }
 }
 
 void Corvane::afterInit()

@@ -11,7 +11,7 @@ class ShowStatusBar;
 namespace pendix
 {
 
-/// Interface version of the library, 1. The one function that the library exports by itself.
+/// Interface version of the library, 1. Exported.
 Q_DECL_EXPORT int api();
 
 /// The plug-in object of the laser-welding package. The host constructs it through the registered factory

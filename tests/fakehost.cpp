@@ -2,6 +2,18 @@
 
 #include <QWidget>
 
+namespace
+{
+
+void checkTarget(const QString& plugin)
+{
+    if (plugin != "Corvane") {
+        qFatal("call for another plug-in: %s", qPrintable(plugin));
+    }
+}
+
+} // namespace
+
 FakeHost::FakeHost()
 {
     pendix::installHost(this);
@@ -11,7 +23,6 @@ FakeHost::~FakeHost()
 {
     delete centerWidget;
     delete statusBar;
-    pendix::installHost(nullptr);
 }
 
 QString FakeHost::lastMessage() const
@@ -30,6 +41,13 @@ void FakeHost::forget()
     calls.clear();
 }
 
+void FakeHost::called(const char* call)
+{
+    if (onCall) {
+        onCall(QLatin1String(call));
+    }
+}
+
 QJsonArray FakeHost::answer(const QString& command, const QJsonValue& code)
 {
     return {QJsonObject{{"Corvane", QJsonObject{{command, QJsonObject{{"return", code}}}}}}};
@@ -39,16 +57,14 @@ QJsonArray FakeHost::execute(QObject* sender, const QString& command, const QJso
 {
     commands.append({command, value});
     senders.append(sender);
-    if (onCommand) {
-        onCommand(command);
-    }
+    called("command");
     const QJsonValue success = command == "set_weld_enable" ? QJsonValue(true) : QJsonValue(0);
     return answers.value(command, answer(command, success));
 }
 
 QJsonArray FakeHost::commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command)
 {
-    Q_UNUSED(plugin)
+    checkTarget(plugin);
     const QString name = command.size() == 1 ? command.constBegin().key() : QStringLiteral("<not one member>");
     return execute(sender, name, command.value(name));
 }
@@ -56,13 +72,14 @@ QJsonArray FakeHost::commandCustomData(QObject* sender, const QString& plugin, c
 QJsonArray FakeHost::commandCustomData(QObject* sender, const QString& plugin, const QString& command,
                                        const QString& value)
 {
-    Q_UNUSED(plugin)
+    checkTarget(plugin);
     return execute(sender, command, value);
 }
 
 QJsonValue FakeHost::getVexaServiceData(const QString& name)
 {
     reads.append(name);
+    called("read");
     return nodes.value(name, QJsonValue::Undefined);
 }
 
@@ -103,6 +120,7 @@ bool FakeHost::getRobotEleStatus()
 
 int FakeHost::getUserOperateLevel()
 {
+    called("level");
     return level;
 }
 
@@ -153,6 +171,8 @@ pendix::InterfaceManager* FakeHost::interfaceManager()
 
 void FakeHost::throwLog(const QString& source, pendix::enThrowLogLevel logLevel, const QString& text)
 {
+    checkTarget(source);
+    called("message");
     messages.append({source, static_cast<int>(logLevel), text});
 }
 

@@ -27,14 +27,14 @@ public:
     ~FakeHost() override;
 
     // Scripted by the test.
-    QMap<QString, QJsonValue> nodes;               ///< service data and host settings by name
-    QMap<QString, QStringList> io;                 ///< signal names by type
-    QJsonValue registers;                          ///< register metadata
-    QStringList registerNames;                     ///< keys of the register hash
-    int level = 3;                                 ///< operator level
-    bool powered = false;                          ///< robot power
-    QMap<QString, QJsonArray> answers;             ///< result array by command name; else "return" 0 (true for enable)
-    std::function<void(const QString&)> onCommand; ///< runs while a command is under way
+    QMap<QString, QJsonValue> nodes;            ///< service data and host settings by name
+    QMap<QString, QStringList> io;              ///< signal names by type
+    QJsonValue registers;                       ///< register metadata
+    QStringList registerNames;                  ///< keys of the register hash
+    int level = 3;                              ///< operator level
+    bool powered = false;                       ///< robot power
+    QMap<QString, QJsonArray> answers;          ///< result array by command name; else "return" 0 (true for enable)
+    std::function<void(const QString&)> onCall; ///< runs inside "command", "level", "read" and "message" calls
 
     // Recorded, in order.
     QStringList reads;                            ///< names given to getVexaServiceData and getNodeData
@@ -85,6 +85,7 @@ public:
     void log(const pendix::LogStatement& statement) override;
 
 private:
+    void called(const char* call);
     QJsonArray execute(QObject* sender, const QString& command, const QJsonValue& value);
 };
 

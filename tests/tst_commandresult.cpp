@@ -5,6 +5,7 @@
 
 #include <QJsonDocument>
 #include <QTest>
+#include <QTranslator>
 
 namespace
 {
@@ -28,6 +29,7 @@ class TestCommandResult : public QObject
 private slots:
     void saveResult_data();
     void saveResult();
+    void saveResultSpeaksInThePagesContext();
     void returnInt_data();
     void returnInt();
     void enableBool_data();
@@ -80,6 +82,24 @@ void TestCommandResult::saveResult()
     }
 }
 
+void TestCommandResult::saveResultSpeaksInThePagesContext()
+{
+    struct PageTranslator : QTranslator {
+        bool isEmpty() const override { return false; }
+        QString translate(const char* context, const char* text, const char*, int) const override
+        {
+            return QLatin1String(context) + '/' + text;
+        }
+    } translator;
+    QCoreApplication::installTranslator(&translator);
+    FakeHost host;
+    reportSaveResult("Page", FakeHost::answer("set_x", 0), "set_x");
+    QCOMPARE(host.lastMessage(), QString("0|Page/Saved successfully"));
+    reportSaveResult("Page", FakeHost::answer("set_x", 1), "set_x");
+    QCOMPARE(host.lastMessage(), QString("2|Page/Save failed. Please check the parameter configuration."));
+    QCoreApplication::removeTranslator(&translator);
+}
+
 void TestCommandResult::returnInt_data()
 {
     QTest::addColumn<QByteArray>("result");
@@ -127,17 +147,24 @@ void TestCommandResult::enableBool()
 void TestCommandResult::logIdiom()
 {
     FakeHost host;
+    const QList<QPair<LogLevel, QString>> levels{{LogLevel::Information, "\033[36m[I|"},
+                                                 {LogLevel::Warning, "\033[33m[W|"},
+                                                 {LogLevel::Error, "\033[31m[E|"},
+                                                 {LogLevel::Trace, "\033[35m[S|"},
+                                                 {LogLevel::Debug, "\033[32m[D|"}};
+    for (const auto& [level, start] : levels) {
+        logLine(level) << "text";
+        QCOMPARE(host.logs.last().colour + host.logs.last().tag.left(3), start);
+        QCOMPARE(host.logs.last().filePath.isEmpty(), level == LogLevel::Debug);
+    }
+    host.forget();
     logLine(LogLevel::Warning) << "a" << QString("b \"c\"") << 7 << QStringList{"x", "y"};
-    logLine(LogLevel::Debug) << "console only";
-    QCOMPARE(host.logs.size(), 2);
+    QCOMPARE(host.logs.size(), 1);
     const pendix::LogStatement warning = host.logs.first();
-    QCOMPARE(warning.colour, QString("\033[33m"));
     QVERIFY(
         QRegularExpression("^\\[W\\|\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3}\\]$").match(warning.tag).hasMatch());
     QCOMPARE(warning.items, QStringList({"a", "b \"c\"", "7", "(x, y)"}));
     QCOMPARE(warning.filePath, QString("./log/pendix/Corvane/Corvane"));
-    QVERIFY(host.logs.last().tag.startsWith("[D|"));
-    QVERIFY(host.logs.last().filePath.isEmpty());
 }
 
 void TestCommandResult::permission()

@@ -52,6 +52,7 @@ class TestLaserWeldPage : public QObject
 private slots:
     void navigation();
     void remembersThePageLeft();
+    void styles();
     void addPage();
     void pageStatus();
     void smallScreenScrolls();
@@ -93,6 +94,38 @@ void TestLaserWeldPage::remembersThePageLeft()
     QCOMPARE(shown.title(), QString("Welding Parameters"));
 }
 
+void TestLaserWeldPage::styles()
+{
+    Shown shown;
+    shown.page.initStyle();
+    QVERIFY(shown.page.styleSheet().contains("QScrollBar::handle:vertical"));
+    QVERIFY(!shown.form.find("frame_3")->styleSheet().isEmpty());
+    for (const QToolButton* button : shown.buttons()) {
+        QVERIFY(button->styleSheet().contains("QToolButton:checked {background: #8a0121;color: white;}"));
+    }
+    // Each pass styles every sub-page; the tracking page is also styled whenever it becomes current.
+    const auto takenAway = [&shown](QWidget* page) {
+        page->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        return page;
+    };
+    QWidget* pages[] = {takenAway(shown.form.find<WeldioPage>(QString())),
+                        takenAway(shown.form.find<CharacteristicsCurvePage>(QString())),
+                        takenAway(shown.form.find<WeldParameterPage>(QString())),
+                        takenAway(shown.form.find<LaserTrackingPage>(QString()))};
+    shown.page.initStyle();
+    for (const QWidget* page : pages) {
+        QCOMPARE(page->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+    }
+    takenAway(pages[3]);
+    shown.page.show();
+    for (int visit = 0; visit < 2; ++visit) {
+        takenAway(pages[3]);
+        QTest::mouseClick(shown.buttons()[4], Qt::LeftButton);
+        QCOMPARE(pages[3]->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+        QTest::mouseClick(shown.buttons()[0], Qt::LeftButton);
+    }
+}
+
 void TestLaserWeldPage::addPage()
 {
     Shown shown;
@@ -125,9 +158,11 @@ void TestLaserWeldPage::smallScreenScrolls()
 {
     Shown shown;
     shown.page.initStyle();
-    shown.page.resize(640, 260);
+    shown.page.resize(600, 260);
     shown.page.show();
     QTRY_VERIFY(shown.form.find<QScrollArea>("scrollArea")->verticalScrollBar()->maximum() > 0);
+    QTRY_VERIFY2(shown.form.find<QScrollArea>("scrollArea")->horizontalScrollBar()->maximum() > 0,
+                 "texts are scrolled to, not cut off");
     // The setting page keeps its content's height, so its last row can be reached.
     QTRY_VERIFY(shown.current()->height() >= shown.form.find("pushButton_save")->geometry().bottom());
     shown.page.resize(1000, 900);

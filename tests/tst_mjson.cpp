@@ -60,6 +60,9 @@ private slots:
     void signalLists();
     void registerLists_data();
     void registerLists();
+    void accessWords();
+    void integerTypes();
+    void firstFilledKeyCounts();
     void registerWarnings_data();
     void registerWarnings();
     void registerLength();
@@ -156,6 +159,62 @@ void TestMJson::registerLists()
 {
     QFETCH(QStringList, list);
     QTEST(list, "expected");
+}
+
+void TestMJson::accessWords()
+{
+    const QStringList readOnly{"rd", "read", "ro", "r", "readonly"};
+    const QStringList writable{"wr", "write", "w", "wo", "wt", "rdwr", "rw"};
+    FakeHost host;
+    QJsonArray registers;
+    for (const QString& word : readOnly + writable + QStringList{"x"}) {
+        registers.append(QJsonObject{{"name", word}, {"type", "bool"}, {"rw", word}});
+    }
+    host.registers = registers;
+    const auto passing = [](const QString& rw) {
+        const QStringList names = mJson::GetREGByTypes({"bool"}, rw);
+        return QSet<QString>(names.begin(), names.end());
+    };
+    for (const char* rw : {"r", "read", "RD ", "ro"}) {
+        QCOMPARE(passing(rw), QSet<QString>(readOnly.begin(), readOnly.end()));
+    }
+    for (const char* rw : {"w", "write", "wr", " Wo"}) {
+        QCOMPARE(passing(rw), QSet<QString>(writable.begin(), writable.end()));
+    }
+    QCOMPARE(passing("rw").size(), registers.size());
+}
+
+void TestMJson::integerTypes()
+{
+    const QStringList types{"int8",  "uint8",  "byte",  "int16", "uint16", "word",   "short",
+                            "int32", "uint32", "dword", "int",   "int64",  "uint64", "long"};
+    FakeHost host;
+    QJsonArray registers;
+    for (const QString& type : types) {
+        registers.append(QJsonObject{{"name", type}, {"type", type}, {"rw", "rw"}});
+    }
+    host.registers = registers;
+    QCOMPARE(mJson::GetREGInteger(), mJson::naturalSort(types));
+}
+
+void TestMJson::firstFilledKeyCounts()
+{
+    FakeHost host;
+    const QList<QStringList> fields{{"type", "reg_type", "value_type", "data_type"},
+                                    {"rw", "access", "perm", "permission", "mode"},
+                                    {"name", "reg_name", "key", "id"}};
+    const QStringList good{"bool", "ro", "R"};
+    // Every key is tried with a wrong value behind it and empty ones before it.
+    for (int field = 0; field < fields.size(); ++field) {
+        for (int key = 0; key < fields[field].size(); ++key) {
+            QJsonObject object{{"type", good[0]}, {"rw", good[1]}, {"name", good[2]}};
+            for (int i = 0; i < fields[field].size(); ++i) {
+                object.insert(fields[field][i], i < key ? QString(" ") : i == key ? good[field] : QString("wrong"));
+            }
+            host.registers = QJsonArray{object};
+            QCOMPARE(mJson::GetREGBoolReadable(), QStringList{"R"});
+        }
+    }
 }
 
 void TestMJson::registerWarnings_data()

@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -98,6 +99,7 @@ private slots:
     void storedValues_data();
     void storedValues();
     void showing();
+    void dependentFields();
     void hiddenControls();
     void saveOutcome_data();
     void saveOutcome();
@@ -108,6 +110,7 @@ private slots:
     void flip();
     void levelIsReadWhenItCounts();
     void secondPressDuringACommand();
+    void pageTakenAwayDuringACommand();
     void pauseResumesAfterASignal();
 };
 
@@ -168,21 +171,16 @@ void TestWeldSettingPage::storedValues()
 {
     QFETCH(QString, key);
     QFETCH(QJsonValue, stored);
-    const Shown shown({{key, stored}});
-    QTEST(const_cast<WeldSettingPage&>(shown.page).saveServerConfigToJson().value(kSave).toObject().value(key),
-          "saved");
+    Shown shown({{key, stored}});
+    QTEST(shown.page.saveServerConfigToJson().value(kSave).toObject().value(key), "saved");
 }
 
 void TestWeldSettingPage::showing()
 {
     Shown shown({{"feeder_enable", false}});
     QVERIFY(shown.page.isEnabled() && shown.editable());
-    QVERIFY(!shown.form.isEnabled("doubleSpinBox_max_feed_speed"));
-    QVERIFY(!shown.form.isEnabled("spinBox_wire_feedback_detection"));
-    QVERIFY(shown.form.isEnabled("doubleSpinBox_retraction_speed"));
     QVERIFY(shown.form.find<EnableButton>("pushButton_Retraction")->getIsEnabled());
-    shown.form.press("pushButton_Feeder");
-    QVERIFY(shown.form.isEnabled("doubleSpinBox_max_feed_speed"));
+    QVERIFY2(!shown.form.find("frame_2")->styleSheet().isEmpty(), "a page styles itself when it is shown");
 
     // Every show reads anew: the node, the signals and the level.
     shown.page.hide();
@@ -205,6 +203,27 @@ void TestWeldSettingPage::showing()
     QVERIFY(!shown.page.isEnabled() && !shown.form.isEnabled(kSwitch));
 }
 
+void TestWeldSettingPage::dependentFields()
+{
+    const QStringList feeder{"comboBox_wire_feeder_comm_type",     "comboBox_wire_feed_type",
+                             "doubleSpinBox_max_feed_speed",       "doubleSpinBox_manual_feed_speed",
+                             "doubleSpinBox_manual_retract_speed", "spinBox_wire_feedback_detection"};
+    const QStringList restart{"doubleSpinBox_retraction_distance", "doubleSpinBox_retraction_speed"};
+    const QStringList sticking{"comboBox_detection_do", "comboBox_feedback_di"};
+    Shown shown({{"feeder_enable", false}});
+    const auto all = [&shown](const QStringList& names, bool enabled) {
+        return std::all_of(names.begin(), names.end(),
+                           [&](const QString& name) { return shown.form.isEnabled(name) == enabled; });
+    };
+    QVERIFY(all(feeder, false) && all(restart, true));
+    shown.form.press("pushButton_Feeder");
+    QVERIFY(all(feeder, true));
+    emit shown.form.find<EnableButton>("pushButton_Retraction")->enabled(false);
+    QVERIFY(all(restart, false) && all(feeder, true));
+    shown.page.setWireStickingPlanStatus(false);
+    QVERIFY(all(sticking, false) && shown.form.isEnabled("spinBox_detection_time"));
+}
+
 void TestWeldSettingPage::hiddenControls()
 {
     Shown shown;
@@ -213,6 +232,16 @@ void TestWeldSettingPage::hiddenControls()
           "comboBox_laser_comm_type", "comboBox_wire_feed_type", "comboBox_wire_feeder_comm_type"}) {
         QVERIFY2(!shown.form.find(name)->isVisible(), name);
     }
+    QStringList shownLabels;
+    for (const QLabel* label : shown.page.findChildren<QLabel*>()) {
+        if (label->isVisible()) {
+            shownLabels.append(label->text());
+        }
+    }
+    for (const char* text : {"Trigger signal | DO", "Wire stick FBK| DI", "Communication mode", "Feeding mode"}) {
+        QVERIFY2(!shownLabels.contains(text), text);
+    }
+    QVERIFY(shownLabels.contains("Gas detect  time"));
     for (const char* name : {"spinBox_laser_power", "spinBox_detection_time", "pushButton_Feeder", "pushButton_save"}) {
         QVERIFY2(shown.form.find(name)->isVisible(), name);
     }
@@ -317,8 +346,18 @@ void TestWeldSettingPage::flip()
     shown.host.powered = powered;
     shown.host.answers[kEnable] = answer;
     QSignalSpy flips(shown.form.find<EnableButton>(kSwitch), &EnableButton::enabled);
+    QSignalSpy mainEnable(&shown.page, &WeldSettingPage::setMainEnable);
+    QElapsedTimer timer;
+    timer.start();
     shown.form.press(kSwitch);
+    // One pause before anything happens, one between the answer and its judgement.
+    const bool asksToWeld = !wasOn && !powered;
+    QVERIFY2(timer.elapsed() >= (asksToWeld ? 600 : 300), qPrintable(QString::number(timer.elapsed())));
     QTEST(shown.sent(), "sent");
+    for (const QObject* sender : qAsConst(shown.host.senders)) {
+        QCOMPARE(sender, &shown.page);
+    }
+    QCOMPARE(mainEnable.size(), 0);
     QTEST(shown.host.lastMessage(), "message");
     QCOMPARE(shown.isOn(), isOn);
     QCOMPARE(shown.editable(), !isOn);
@@ -330,39 +369,93 @@ void TestWeldSettingPage::flip()
 
 void TestWeldSettingPage::levelIsReadWhenItCounts()
 {
-    for (const char* button : {"pushButton_save", "pushButton_main_enable"}) {
-        Shown shown;
+    struct Press {
+        const char* button;
+        bool wasOn;
+    };
+    for (const Press& press : {Press{"pushButton_save", false}, Press{"pushButton_main_enable", false},
+                               Press{"pushButton_main_enable", true}}) {
+        Shown shown({{"laser_main_enable", press.wasOn}});
         shown.host.level = 2;
         QSignalSpy flips(shown.form.find<EnableButton>(kSwitch), &EnableButton::enabled);
-        shown.form.press(button);
+        shown.form.press(press.button);
         QVERIFY(shown.host.commands.isEmpty() && shown.host.messages.isEmpty());
-        QVERIFY(!shown.isOn() && !shown.page.isEnabled());
-        QCOMPARE(flips.size(), button == kSwitch ? 1 : 0);
+        QVERIFY(shown.isOn() == press.wasOn && !shown.page.isEnabled());
+        QCOMPARE(flips.size(), press.button == kSwitch ? 1 : 0);
     }
 }
 
 void TestWeldSettingPage::secondPressDuringACommand()
 {
     Shown shown;
-    shown.host.onCommand = [&shown](const QString&) {
+    // The host spins the event loop in every call, and the operator presses everything.
+    int presses = 0;
+    const auto pressAll = [&](const QString&) {
+        ++presses;
         shown.form.press("pushButton_save");
         shown.form.press("pushButton_cancel");
         const bool before = shown.isOn();
         shown.form.press(kSwitch);
         QCOMPARE(shown.isOn(), before);
     };
+    shown.host.onCall = pressAll;
     shown.form.press("pushButton_save");
     QCOMPARE(shown.sent(), QStringList{kSave});
     QCOMPARE(shown.host.messages.size(), 1);
+    QCOMPARE(presses, 3);
+
     shown.host.forget();
     shown.form.press(kSwitch);
     QCOMPARE(shown.sent(), QStringList({kEnable + "=TRUE", kSave}));
     QVERIFY(shown.isOn());
+
+    // A show while its reads are under way sends nothing; one during a command keeps what is to be sent.
+    shown.host.onCall = nullptr;
+    shown.page.hide();
+    shown.host.forget();
+    shown.host.onCall = pressAll;
+    shown.page.show();
+    QCOMPARE(shown.sent(), QStringList());
+    shown.host.onCall = [&shown](const QString& call) {
+        if (call == "command") {
+            shown.page.hide();
+            shown.page.show();
+        }
+    };
+    shown.form.type("spinBox_laser_power", "4321");
+    shown.host.forget();
+    shown.form.press(kSwitch);
+    QCOMPARE(shown.host.reads, QStringList());
+    QCOMPARE(shown.host.commands[1].second.toObject().value("laser_power"), QJsonValue(4321));
+
     // Afterwards everything works again.
-    shown.host.onCommand = nullptr;
+    shown.host.onCall = nullptr;
     shown.host.forget();
     shown.form.press(kSwitch);
     QCOMPARE(shown.sent(), QStringList{kEnable + "=FALSE"});
+}
+
+void TestWeldSettingPage::pageTakenAwayDuringACommand()
+{
+    for (const char* button : {"pushButton_save", "pushButton_main_enable"}) {
+        FakeHost host;
+        host.nodes[kNode] = storedNode();
+        auto* page = new WeldSettingPage(nullptr);
+        page->show();
+        host.onCall = [page](const QString& call) {
+            if (call == "command") {
+                delete page;
+            }
+        };
+        // Called as a slot, so that no event is left with the widget that is gone.
+        if (button == kSwitch) {
+            page->onSwitchMain(true);
+        } else {
+            emit page->findChild<QAbstractButton*>(button)->clicked();
+        }
+        QCOMPARE(host.commands.size(), 1);
+        QVERIFY(host.messages.isEmpty());
+    }
 }
 
 void TestWeldSettingPage::pauseResumesAfterASignal()
