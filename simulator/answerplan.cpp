@@ -1,0 +1,99 @@
+#include "simulator/answerplan.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+namespace sim
+{
+
+namespace
+{
+
+struct KindRow {
+    AnswerKind kind;
+    const char* label;
+    bool acts;
+};
+
+constexpr KindRow kKinds[] = {
+    {AnswerKind::Proper, QT_TRANSLATE_NOOP("sim::AnswerPlan", "as it should"), true},
+    {AnswerKind::NumberZero, QT_TRANSLATE_NOOP("sim::AnswerPlan", "number 0"), true},
+    {AnswerKind::OtherNumber, QT_TRANSLATE_NOOP("sim::AnswerPlan", "number 7"), false},
+    {AnswerKind::TextTwo, QT_TRANSLATE_NOOP("sim::AnswerPlan", "text \"2\""), false},
+    {AnswerKind::True, QT_TRANSLATE_NOOP("sim::AnswerPlan", "boolean true"), true},
+    {AnswerKind::False, QT_TRANSLATE_NOOP("sim::AnswerPlan", "boolean false"), false},
+    {AnswerKind::Empty, QT_TRANSLATE_NOOP("sim::AnswerPlan", "empty array"), false},
+    {AnswerKind::OtherFirst, QT_TRANSLATE_NOOP("sim::AnswerPlan", "another command's answer first"), true},
+    {AnswerKind::Malformed, QT_TRANSLATE_NOOP("sim::AnswerPlan", "malformed elements"), false},
+};
+
+constexpr int kRefusal = 7;
+
+const KindRow& rowOf(AnswerKind kind)
+{
+    for (const KindRow& row : kKinds) {
+        if (row.kind == kind) {
+            return row;
+        }
+    }
+    return kKinds[0];
+}
+
+QJsonObject element(const QString& plugin, const QString& command, const QJsonValue& code)
+{
+    return {{plugin, QJsonObject{{command, QJsonObject{{QStringLiteral("return"), code}}}}}};
+}
+
+QJsonArray malformed(const QString& plugin, const QString& command)
+{
+    return {7, QStringLiteral("text"), QJsonObject{{plugin, 5}}, QJsonObject{{plugin, QJsonObject{{command, 3}}}},
+            QJsonObject{{plugin, QJsonObject{{command, QJsonObject{{QStringLiteral("result"), 0}}}}}}};
+}
+
+} // namespace
+
+QList<AnswerKind> answerKinds()
+{
+    QList<AnswerKind> kinds;
+    for (const KindRow& row : kKinds) {
+        kinds.append(row.kind);
+    }
+    return kinds;
+}
+
+QString answerLabel(AnswerKind kind)
+{
+    return QCoreApplication::translate("sim::AnswerPlan", rowOf(kind).label);
+}
+
+bool controllerActs(AnswerKind kind)
+{
+    return rowOf(kind).acts;
+}
+
+QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode)
+{
+    switch (kind) {
+    case AnswerKind::NumberZero:
+        return {element(plugin, command, 0)};
+    case AnswerKind::OtherNumber:
+        return {element(plugin, command, kRefusal)};
+    case AnswerKind::TextTwo:
+        return {element(plugin, command, QStringLiteral("2"))};
+    case AnswerKind::True:
+        return {element(plugin, command, true)};
+    case AnswerKind::False:
+        return {element(plugin, command, false)};
+    case AnswerKind::Empty:
+        return {};
+    case AnswerKind::OtherFirst:
+        return {element(plugin, QStringLiteral("get_weld_status"), 1), element(plugin, command, properCode)};
+    case AnswerKind::Malformed:
+        return malformed(plugin, command);
+    case AnswerKind::Proper:
+        break;
+    }
+    return {element(plugin, command, properCode)};
+}
+
+} // namespace sim

@@ -1,0 +1,36 @@
+#ifndef SIMULATOR_CELLFILE_H
+#define SIMULATOR_CELLFILE_H
+
+#include "simulator/jsonfile.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMap>
+#include <QStringList>
+
+namespace sim
+{
+
+/// The welding cell behind the simulated controller as it stands when the program starts.
+struct Cell {
+    QJsonObject nodes;             ///< configuration nodes by name; null: the controller has none of that name
+    QJsonObject values;            ///< single values by dotted path
+    QJsonObject hostSettings;      ///< settings of the pendant itself by name
+    QMap<QString, QStringList> io; ///< signal names by type: DI DO AI AO GI GO
+    QJsonArray registers;          ///< one object per register: name, type, rw, len
+    QStringList points;
+    QStringList tools;
+    QStringList wobjs;
+    QStringList speeds;
+    QStringList zones;
+    QString currentTool;
+    QString currentWobj;
+};
+
+/// Reads and checks a cell file. Anything missing, unknown, mistyped, out of range or named twice yields
+/// nothing and fills fault with the first thing that is wrong.
+std::optional<Cell> loadCell(const QString& path, FileFault* fault);
+
+} // namespace sim
+
+#endif

@@ -1,0 +1,157 @@
+#include "simulator/controllerpanel.h"
+
+#include "simulator/livepicture.h"
+#include "simulator/nodeschema.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace sim
+{
+
+namespace
+{
+constexpr int kLongestDelayMs = 60000;
+constexpr int kDelayStepMs = 500;
+} // namespace
+
+ControllerPanel::ControllerPanel(SimulatedController* controller,
+                                 const std::function<QWidget*(const QString&)>& findShown,
+                                 const std::function<QWidget*()>& statusItem, QWidget* parent)
+    : QWidget(parent), m_controller(controller)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(createTruth(findShown, statusItem));
+    layout->addWidget(createAnswers());
+    layout->addStretch(1);
+    connect(controller, &SimulatedController::dataChanged, this, &ControllerPanel::showTruth);
+    showTruth();
+}
+
+QGroupBox* ControllerPanel::createTruth(const std::function<QWidget*(const QString&)>& findShown,
+                                        const std::function<QWidget*()>& statusItem)
+{
+    m_virtualWelding = createValueBox(node::kVirtualWelding);
+    m_redLight = createValueBox(node::kRedLight);
+    m_weldEnable = new QLabel(this);
+    const auto mainSwitch = [findShown] { return findShown(QStringLiteral("pushButton_main_enable")); };
+    struct Row {
+        QString title;
+        QWidget* truth;
+        QLabel* shown;
+    };
+    const Row rows[] = {
+        {tr("Virtual welding"), m_virtualWelding, new LivePicture(statusItem, tr("no status item"), this)},
+        {tr("Red light"), m_redLight, new QLabel(tr("not shown on the pendant"), this)},
+        {tr("Weld enable"), m_weldEnable, new LivePicture(mainSwitch, tr("its page is not open"), this)},
+    };
+    auto* group = new QGroupBox(tr("True values"), this);
+    auto* grid = new QGridLayout(group);
+    grid->setColumnStretch(2, 1);
+    grid->setHorizontalSpacing(16);
+    grid->addWidget(new QLabel(tr("Controller"), group), 0, 1);
+    grid->addWidget(new QLabel(tr("Pendant shows"), group), 0, 2);
+    int line = 1;
+    for (const Row& row : rows) {
+        grid->addWidget(new QLabel(row.title, group), line, 0);
+        grid->addWidget(row.truth, line, 1);
+        grid->addWidget(row.shown, line, 2);
+        ++line;
+    }
+    return group;
+}
+
+QCheckBox* ControllerPanel::createValueBox(const char* value)
+{
+    auto* box = new QCheckBox(this);
+    box->setToolTip(tr("Click to change the value at the controller, as something that happens at the machine."));
+    connect(box, &QCheckBox::toggled, m_controller,
+            [this, value](bool on) { m_controller->setValue(QLatin1String(value), on); });
+    return box;
+}
+
+void ControllerPanel::showTruth()
+{
+    const auto onOff = [](bool on) { return on ? tr("on") : tr("off"); };
+    const auto show = [&](QCheckBox* box, const char* name) {
+        const bool on = m_controller->value(QLatin1String(name));
+        box->setChecked(on);
+        box->setText(onOff(on));
+    };
+    show(m_virtualWelding, node::kVirtualWelding);
+    show(m_redLight, node::kRedLight);
+    m_weldEnable->setText(onOff(m_controller->weldEnabled()));
+}
+
+QGroupBox* ControllerPanel::createAnswers()
+{
+    auto* group = new QGroupBox(tr("Answers to commands, and the time they take"), this);
+    auto* grid = new QGridLayout(group);
+    grid->setColumnStretch(0, 1);
+    for (const QString& command : commandNames()) {
+        addAnswerRow(grid, command);
+    }
+    auto* proper = new QPushButton(tr("All as it should"), group);
+    connect(proper, &QPushButton::clicked, m_controller, [this] {
+        for (const QString& command : commandNames()) {
+            m_controller->setPlan(command, AnswerPlan());
+        }
+    });
+    auto* note =
+        new QLabel(tr("A controller that answers 0, true or as it should does what it was told; with any other "
+                      "answer it stores nothing."),
+                   group);
+    note->setWordWrap(true);
+    const int last = grid->rowCount();
+    grid->addWidget(note, last, 0, 1, 2);
+    grid->addWidget(proper, last + 1, 0, Qt::AlignLeft);
+    return group;
+}
+
+void ControllerPanel::addAnswerRow(QGridLayout* grid, const QString& command)
+{
+    auto* answer = new QComboBox(this);
+    answer->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    answer->setMinimumContentsLength(10);
+    for (AnswerKind kind : answerKinds()) {
+        answer->addItem(answerLabel(kind), static_cast<int>(kind));
+    }
+    auto* delay = new QSpinBox(this);
+    delay->setRange(0, kLongestDelayMs);
+    delay->setSingleStep(kDelayStepMs);
+    delay->setPrefix(tr("after "));
+    delay->setSuffix(tr(" ms"));
+    const int line = grid->rowCount();
+    auto* name = new QLabel(command, this);
+    name->setBuddy(answer);
+    grid->addWidget(name, line, 0, 1, 2);
+    grid->addWidget(answer, line + 1, 0);
+    grid->addWidget(delay, line + 1, 1);
+
+    const auto show = [this, command, answer, delay] {
+        const AnswerPlan plan = m_controller->plan(command);
+        answer->setCurrentIndex(answer->findData(static_cast<int>(plan.kind)));
+        delay->setValue(plan.delayMs);
+    };
+    connect(answer, QOverload<int>::of(&QComboBox::activated), this, [this, command, answer] {
+        const auto kind = static_cast<AnswerKind>(answer->currentData().toInt());
+        m_controller->setPlan(command, {kind, m_controller->plan(command).delayMs});
+    });
+    connect(delay, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, command](int ms) {
+        m_controller->setPlan(command, {m_controller->plan(command).kind, ms});
+    });
+    connect(m_controller, &SimulatedController::planChanged, this, [command, show](const QString& changed) {
+        if (changed == command) {
+            show();
+        }
+    });
+    show();
+}
+
+} // namespace sim

@@ -1,0 +1,47 @@
+#ifndef SIMULATOR_CONTROLLERPANEL_H
+#define SIMULATOR_CONTROLLERPANEL_H
+
+#include "simulator/simulatedcontroller.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QCheckBox;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+
+namespace sim
+{
+
+class LivePicture;
+
+/// What the controller really holds beside what the pendant shows of it, and how it is to answer.
+class ControllerPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// findShown: a visible widget of the pendant by its object name; null if there is none.
+    /// statusItem: the widget in the status line, or null.
+    ControllerPanel(SimulatedController* controller, const std::function<QWidget*(const QString&)>& findShown,
+                    const std::function<QWidget*()>& statusItem, QWidget* parent = nullptr);
+
+private:
+    QGroupBox* createTruth(const std::function<QWidget*(const QString&)>& findShown,
+                           const std::function<QWidget*()>& statusItem);
+    QCheckBox* createValueBox(const char* value);
+    QGroupBox* createAnswers();
+    void addAnswerRow(QGridLayout* grid, const QString& command);
+    void showTruth();
+
+    SimulatedController* m_controller;
+    QCheckBox* m_virtualWelding = nullptr;
+    QCheckBox* m_redLight = nullptr;
+    QLabel* m_weldEnable = nullptr;
+};
+
+} // namespace sim
+
+#endif

@@ -1,0 +1,165 @@
+#include "simulator/journal.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+
+namespace sim
+{
+
+namespace
+{
+
+constexpr int kLongestRead = 2000;
+
+constexpr const char* kKindNames[kEntryKinds] = {
+    QT_TRANSLATE_NOOP("sim::Journal", "read"),   QT_TRANSLATE_NOOP("sim::Journal", "command"),
+    QT_TRANSLATE_NOOP("sim::Journal", "answer"), QT_TRANSLATE_NOOP("sim::Journal", "message"),
+    QT_TRANSLATE_NOOP("sim::Journal", "log"),    QT_TRANSLATE_NOOP("sim::Journal", "host call"),
+    QT_TRANSLATE_NOOP("sim::Journal", "notice"),
+};
+
+} // namespace
+
+QString entryKindName(EntryKind kind)
+{
+    return Journal::tr(kKindNames[static_cast<int>(kind)]);
+}
+
+Journal::Journal(QObject* parent) : QObject(parent) {}
+
+QString Journal::compact(const QJsonValue& value)
+{
+    switch (value.type()) {
+    case QJsonValue::Undefined:
+        return tr("(nothing)");
+    case QJsonValue::Object:
+        return QString::fromUtf8(QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact));
+    case QJsonValue::Array:
+        return QString::fromUtf8(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact));
+    default:
+        // A document holds objects and arrays only; the brackets around a single value go again.
+        return QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact)).mid(1).chopped(1);
+    }
+}
+
+int Journal::append(EntryKind kind, const QString& level, const QString& subject, const QString& text)
+{
+    JournalEntry entry;
+    entry.number = size() + 1;
+    entry.time = QDateTime::currentDateTime();
+    entry.kind = kind;
+    entry.level = level;
+    entry.subject = subject;
+    entry.text = text;
+    m_entries.push_back(entry);
+    const int index = size() - 1;
+    emit appended(index);
+    return index;
+}
+
+void Journal::addRead(const QString& subject, const QJsonValue& value)
+{
+    QString text = compact(value);
+    if (text.size() > kLongestRead) {
+        text = tr("%1... (%2 characters)").arg(text.left(kLongestRead), QString::number(text.size()));
+    }
+    if (!m_entries.empty()) {
+        JournalEntry& last = m_entries.back();
+        if (last.kind == EntryKind::Read && last.subject == subject && last.text == text) {
+            ++last.repeats;
+            emit changed(size() - 1);
+            return;
+        }
+    }
+    append(EntryKind::Read, {}, subject, text);
+}
+
+int Journal::addCommand(const QString& name, const QJsonValue& argument)
+{
+    closeCommand();
+    return append(EntryKind::Command, {}, name, compact(argument));
+}
+
+void Journal::addAnswer(int command, const QJsonArray& answer)
+{
+    closeCommand();
+    append(EntryKind::Answer, {}, at(command).subject, compact(answer));
+    m_answered = command;
+    // Whoever has not spoken when control is back in the event loop has said nothing about this command.
+    QTimer::singleShot(0, this, [this, command] {
+        if (m_answered == command) {
+            closeCommand();
+        }
+    });
+}
+
+void Journal::closeCommand()
+{
+    if (m_answered < 0) {
+        return;
+    }
+    const int command = m_answered;
+    m_answered = -1;
+    m_entries.at(static_cast<std::size_t>(command)).untold = true;
+    emit changed(command);
+}
+
+void Journal::addMessage(const QString& source, const QString& level, const QString& text)
+{
+    m_answered = -1;
+    append(EntryKind::Message, level, source, text);
+}
+
+void Journal::addLog(const QString& subject, const QString& level, const QString& text)
+{
+    append(EntryKind::Log, level, subject, text);
+}
+
+void Journal::addHostCall(const QString& subject, const QString& text)
+{
+    append(EntryKind::HostCall, {}, subject, text);
+}
+
+void Journal::addNotice(const QString& level, const QString& text)
+{
+    append(EntryKind::Notice, level, tr("simulator"), text);
+}
+
+QString Journal::remark(const JournalEntry& entry) const
+{
+    if (entry.untold) {
+        return tr("[operator was told nothing]");
+    }
+    return entry.repeats > 1 ? tr("[%1 times]").arg(QString::number(entry.repeats)) : QString();
+}
+
+QString Journal::summary(int index, int limit) const
+{
+    const JournalEntry& entry = at(index);
+    QString text = entry.text.left(limit);
+    if (!entry.subject.isEmpty()) {
+        text.prepend(entry.subject + QLatin1String(": "));
+    }
+    for (const QString& prefix : {entry.level, remark(entry)}) {
+        if (!prefix.isEmpty()) {
+            text.prepend(prefix + QLatin1Char(' '));
+        }
+    }
+    return text;
+}
+
+QString Journal::line(int index) const
+{
+    const JournalEntry& entry = at(index);
+    return QStringList{QString::number(entry.number),
+                       entry.time.toString(QStringLiteral("HH:mm:ss.zzz")),
+                       entryKindName(entry.kind),
+                       entry.level,
+                       remark(entry),
+                       entry.subject,
+                       entry.text}
+        .join(QLatin1Char('\t'));
+}
+
+} // namespace sim

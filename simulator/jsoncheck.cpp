@@ -1,0 +1,108 @@
+#include "simulator/jsoncheck.h"
+
+#include <cmath>
+
+namespace sim
+{
+
+void JsonCheck::fail(const JsonPath& path, const QString& text)
+{
+    if (!m_fault) {
+        m_fault = Fault{path, text};
+    }
+}
+
+QJsonObject JsonCheck::object(const QJsonValue& value, const JsonPath& path)
+{
+    if (!value.isObject()) {
+        fail(path, tr("expected an object"));
+    }
+    return value.toObject();
+}
+
+QJsonArray JsonCheck::array(const QJsonValue& value, const JsonPath& path)
+{
+    if (!value.isArray()) {
+        fail(path, tr("expected a list"));
+    }
+    return value.toArray();
+}
+
+bool JsonCheck::boolean(const QJsonValue& value, const JsonPath& path)
+{
+    if (!value.isBool()) {
+        fail(path, tr("expected true or false"));
+    }
+    return value.toBool();
+}
+
+double JsonCheck::number(const QJsonValue& value, const JsonPath& path)
+{
+    if (!value.isDouble()) {
+        fail(path, tr("expected a number"));
+    }
+    return value.toDouble();
+}
+
+double JsonCheck::number(const QJsonValue& value, const JsonPath& path, double minimum, double maximum)
+{
+    const double number = value.toDouble();
+    if (!value.isDouble() || number < minimum || number > maximum) {
+        fail(path, tr("expected a number from %1 to %2").arg(QString::number(minimum), QString::number(maximum)));
+    }
+    return number;
+}
+
+int JsonCheck::whole(const QJsonValue& value, const JsonPath& path, int minimum, int maximum)
+{
+    const double number = value.toDouble(std::nan(""));
+    // The comparison fails for what is no number at all, too.
+    if (!(number >= minimum && number <= maximum && std::floor(number) == number)) {
+        fail(path, tr("expected a whole number from %1 to %2").arg(QString::number(minimum), QString::number(maximum)));
+        return minimum;
+    }
+    return static_cast<int>(number);
+}
+
+QString JsonCheck::text(const QJsonValue& value, const JsonPath& path)
+{
+    if (!value.isString()) {
+        fail(path, tr("expected a text"));
+    }
+    return value.toString();
+}
+
+QString JsonCheck::name(const QJsonValue& value, const JsonPath& path)
+{
+    QString name = value.toString();
+    if (name.isEmpty() || name.trimmed() != name) {
+        fail(path, tr("expected a name (not empty, no blanks around it)"));
+    }
+    return name;
+}
+
+QString JsonCheck::word(const QJsonValue& value, const JsonPath& path, const QStringList& words)
+{
+    QString word = value.toString();
+    if (!words.contains(word.trimmed().toLower())) {
+        fail(path, tr("expected one of %1").arg(words.join(QLatin1String(", "))));
+    }
+    return word;
+}
+
+void JsonCheck::members(const QJsonObject& object, const JsonPath& path, const QStringList& required,
+                        const QStringList& optional)
+{
+    for (const QString& key : required) {
+        if (!object.contains(key)) {
+            fail(path / key, tr("missing"));
+        }
+    }
+    for (auto member = object.constBegin(); member != object.constEnd(); ++member) {
+        if (!required.contains(member.key()) && !optional.contains(member.key())) {
+            fail(path / member.key(), tr("unknown member"));
+        }
+    }
+}
+
+} // namespace sim

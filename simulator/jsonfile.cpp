@@ -1,0 +1,184 @@
+#include "simulator/jsonfile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QRegularExpression>
+
+#include <json/json.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace sim
+{
+
+namespace
+{
+
+constexpr qint64 kLargestFile = 16LL * 1024 * 1024;
+
+/// Qt's reader gives the values but neither their places nor duplicate members; this one gives both.
+/// Its text must already have passed Qt's reader, which bounds the nesting at 1024 levels.
+bool locate(const QByteArray& text, Json::Value* root, std::string* errors)
+{
+    Json::CharReaderBuilder builder;
+    Json::CharReaderBuilder::strictMode(&builder.settings_);
+    builder["stackLimit"] = 1100;
+    builder["collectComments"] = false;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    try {
+        return reader->parse(text.constData(), text.constData() + text.size(), root, errors);
+    } catch (const Json::Exception& exception) {
+        *errors = exception.what();
+        return false;
+    }
+}
+
+int lineAt(const QByteArray& text, qint64 offset)
+{
+    const auto end = text.cbegin() + std::clamp<qint64>(offset, 0, text.size());
+    return 1 + static_cast<int>(std::count(text.cbegin(), end, '\n'));
+}
+
+const Json::Value* child(const Json::Value& parent, const QVariant& step)
+{
+    if (step.type() == QVariant::Int) {
+        const auto position = static_cast<Json::ArrayIndex>(step.toInt());
+        return parent.isArray() && parent.isValidIndex(position) ? &parent[position] : nullptr;
+    }
+    const QByteArray key = step.toString().toUtf8();
+    return parent.isObject() ? parent.find(key.constData(), key.constData() + key.size()) : nullptr;
+}
+
+/// The first complaint of the locating reader: "* Line 3, Column 5\n  Duplicate key: 'x'\n".
+FileFault readerFault(const QString& path, const std::string& errors)
+{
+    static const QRegularExpression pattern(QStringLiteral("Line (\\d+), Column \\d+\\s+([^\\n]*)"));
+    const QString all = QString::fromStdString(errors);
+    const QRegularExpressionMatch match = pattern.match(all);
+    if (!match.hasMatch()) {
+        return {path, 0, {}, all.simplified()};
+    }
+    return {path, match.captured(1).toInt(), {}, match.captured(2)};
+}
+
+std::optional<QByteArray> readBytes(const QString& path, FileFault* fault)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir()) {
+        *fault = {path, 0, {}, JsonFile::tr("is a folder")};
+        return std::nullopt;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        *fault = {path, 0, {}, JsonFile::tr("can't be read: %1").arg(file.errorString())};
+        return std::nullopt;
+    }
+    QByteArray text = file.read(kLargestFile + 1);
+    if (file.error() != QFileDevice::NoError) {
+        *fault = {path, 0, {}, JsonFile::tr("can't be read: %1").arg(file.errorString())};
+        return std::nullopt;
+    }
+    if (text.size() > kLargestFile) {
+        *fault = {path, 0, {}, JsonFile::tr("is larger than 16 MiB")};
+        return std::nullopt;
+    }
+    if (text.startsWith("\xEF\xBB\xBF")) {
+        text.remove(0, 3);
+    }
+    if (text.trimmed().isEmpty()) {
+        *fault = {path, 1, {}, JsonFile::tr("the file is empty")};
+        return std::nullopt;
+    }
+    return text;
+}
+
+} // namespace
+
+JsonPath JsonPath::operator/(const QString& member) const
+{
+    JsonPath path = *this;
+    path.m_steps.append(member);
+    return path;
+}
+
+JsonPath JsonPath::operator/(int position) const
+{
+    JsonPath path = *this;
+    path.m_steps.append(position);
+    return path;
+}
+
+QString JsonPath::toString() const
+{
+    static const QRegularExpression plain(QStringLiteral("^\\w+$"));
+    QString text;
+    for (const QVariant& step : m_steps) {
+        const QString name = step.toString();
+        if (step.type() == QVariant::Int) {
+            text += QLatin1Char('[') + name + QLatin1Char(']');
+        } else if (plain.match(name).hasMatch()) {
+            text += text.isEmpty() ? name : QLatin1Char('.') + name;
+        } else {
+            text += QLatin1String("[\"") + name + QLatin1String("\"]");
+        }
+    }
+    return text;
+}
+
+QString FileFault::message() const
+{
+    QString place = file;
+    if (line > 0) {
+        place += QLatin1Char(':') + QString::number(line);
+    }
+    place += QLatin1String(": ");
+    return member.isEmpty() ? place + text : place + member + QLatin1String(": ") + text;
+}
+
+std::optional<JsonFile> JsonFile::read(const QString& path, FileFault* fault)
+{
+    const std::optional<QByteArray> text = readBytes(path, fault);
+    if (!text) {
+        return std::nullopt;
+    }
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(*text, &error);
+    if (error.error != QJsonParseError::NoError) {
+        *fault = {path, lineAt(*text, error.offset), {}, tr("not JSON: %1").arg(error.errorString())};
+        return std::nullopt;
+    }
+    Json::Value located;
+    std::string errors;
+    if (!locate(*text, &located, &errors)) {
+        *fault = readerFault(path, errors);
+        return std::nullopt;
+    }
+    if (!document.isObject()) {
+        *fault = {path, 1, {}, tr("expected an object")};
+        return std::nullopt;
+    }
+    JsonFile file;
+    file.m_path = path;
+    file.m_text = *text;
+    file.m_root = document.object();
+    return file;
+}
+
+FileFault JsonFile::faultAt(const JsonPath& path, const QString& text) const
+{
+    Json::Value root;
+    std::string errors;
+    locate(m_text, &root, &errors);
+    const Json::Value* value = &root;
+    for (const QVariant& step : path.steps()) {
+        const Json::Value* next = child(*value, step);
+        if (next == nullptr) {
+            break;
+        }
+        value = next;
+    }
+    return {m_path, lineAt(m_text, value->getOffsetStart()), path.toString(), text};
+}
+
+} // namespace sim

@@ -1,0 +1,64 @@
+#ifndef SIMULATOR_PLUGINLOADER_H
+#define SIMULATOR_PLUGINLOADER_H
+
+#include "simulator/simhost.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace sim
+{
+
+/// Why a plug-in did not load. The values are the exit codes of --check.
+enum class LoadFault {
+    None = 0,
+    NoSuchFile = 10,
+    NotALibrary = 11,
+    MissingSymbol = 12,
+    NotRegistered = 13,
+    ConstructionFailed = 14,
+    InitFailed = 15,
+    AfterInitFailed = 16,
+    RenderFailed = 17,
+    NoPage = 18
+};
+
+/// The exit codes of --check as a table for --help.
+QString loadFaultTable();
+
+/// What became of one plug-in file.
+struct LoadResult {
+    QString file;
+    LoadFault fault = LoadFault::None;
+    QString reason;     ///< for a person; empty when it loaded
+    QStringList names;  ///< the plug-ins that the library registered
+    QStringList labels; ///< the labels under which they want to be listed, in the same order
+};
+
+/// Loads plug-ins in the order of a pendant: the library, the factories that it registered, and for each of
+/// them construction, init, afterInit and render. Owns the plug-in objects. Exceptions end with the step that
+/// threw them. Libraries stay loaded until the process ends: the host's registries keep factories, and pages
+/// and timers keep objects, whose code lies in them.
+class PluginLoader : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PluginLoader(SimHost* host, QObject* parent = nullptr);
+
+    LoadResult load(const QString& file);
+
+private:
+    bool openLibrary(LoadResult* result);
+    bool start(const QString& name, LoadResult* result);
+    bool guarded(LoadResult* result, LoadFault fault, const QString& step, const std::function<void()>& call);
+
+    SimHost* m_host;
+};
+
+} // namespace sim
+
+#endif

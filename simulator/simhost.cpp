@@ -1,0 +1,271 @@
+#include "simulator/simhost.h"
+
+#include <QWidget>
+
+namespace sim
+{
+
+namespace
+{
+
+/// The level letter of a log tag such as "[E|11/22 10:15:00.123]".
+QString logLevel(const QString& tag)
+{
+    const QString letter = tag.mid(1, tag.indexOf(QLatin1Char('|')) - 1);
+    const QHash<QString, QString> names = {{QStringLiteral("I"), SimHost::tr("information")},
+                                           {QStringLiteral("W"), SimHost::tr("warning")},
+                                           {QStringLiteral("E"), SimHost::tr("error")},
+                                           {QStringLiteral("S"), SimHost::tr("trace")},
+                                           {QStringLiteral("D"), SimHost::tr("debug")}};
+    return names.value(letter, letter);
+}
+
+QString onOff(bool on)
+{
+    return on ? SimHost::tr("on") : SimHost::tr("off");
+}
+
+QStringList labels(const QList<pendix::PhysicalButton>& buttons)
+{
+    QStringList texts;
+    for (const pendix::PhysicalButton& button : buttons) {
+        texts.append(button.text);
+    }
+    return texts;
+}
+
+QString describe(const QWidget* widget)
+{
+    return widget != nullptr ? QString::fromLatin1(widget->metaObject()->className()) : SimHost::tr("no widget");
+}
+
+} // namespace
+
+QString messageLevelName(int level)
+{
+    switch (level) {
+    case pendix::information:
+        return SimHost::tr("information");
+    case pendix::warning:
+        return SimHost::tr("warning");
+    case pendix::error:
+        return SimHost::tr("error");
+    default:
+        return QString::number(level);
+    }
+}
+
+SimHost::SimHost(SimulatedController* controller, Journal* journal) : m_controller(controller), m_journal(journal)
+{
+    connect(controller, &SimulatedController::connectionChanged, this, [this](bool connected) {
+        m_journal->addNotice({}, connected ? tr("controller connected") : tr("controller disconnected"));
+        if (connected) {
+            emit sigNetworkConnect();
+        }
+    });
+    pendix::installHost(this);
+}
+
+SimHost::~SimHost()
+{
+    // A page that no window took is still this host's.
+    for (const QPointer<QWidget>& page : qAsConst(m_pages)) {
+        if (page != nullptr && page->parent() == nullptr) {
+            delete page;
+        }
+    }
+}
+
+QJsonArray SimHost::commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command)
+{
+    Q_UNUSED(sender)
+    const QStringList names = command.keys();
+    const QJsonValue argument = names.size() == 1 ? command.value(names.first()) : QJsonValue(command);
+    const int entry = m_journal->addCommand(names.join(QLatin1String(", ")), argument);
+    const SimulatedController::Execution execution = m_controller->execute(plugin, command);
+    for (const QString& remark : execution.remarks) {
+        m_journal->addNotice(tr("warning"), remark);
+    }
+    m_journal->addAnswer(entry, execution.answer);
+    return execution.answer;
+}
+
+QJsonArray SimHost::commandCustomData(QObject* sender, const QString& plugin, const QString& command,
+                                      const QString& value)
+{
+    return commandCustomData(sender, plugin, QJsonObject{{command, value}});
+}
+
+QJsonValue SimHost::getVexaServiceData(const QString& name)
+{
+    QJsonValue value = m_controller->published(name);
+    m_journal->addRead(name, value);
+    return value;
+}
+
+void SimHost::disconnectVexaServiceData(const QString& plugin, const QString& data, const QString& extra)
+{
+    m_journal->addHostCall(QStringLiteral("disconnectVexaServiceData"), tr("%1: %2 %3").arg(plugin, data, extra));
+}
+
+QJsonValue SimHost::getNodeData(const QString& name)
+{
+    QJsonValue value = m_controller->cell().hostSettings.value(name);
+    m_journal->addRead(name, value);
+    return value;
+}
+
+QStringList SimHost::readList(const QString& subject, const QStringList& names)
+{
+    QStringList result = m_controller->isConnected() ? names : QStringList();
+    m_journal->addRead(subject, QJsonArray::fromStringList(result));
+    return result;
+}
+
+QString SimHost::readName(const QString& subject, const QString& name)
+{
+    QString result = m_controller->isConnected() ? name : QString();
+    m_journal->addRead(subject, result);
+    return result;
+}
+
+QStringList SimHost::getIOByType(const QString& type)
+{
+    return readList(tr("I/O signals %1").arg(type), m_controller->cell().io.value(type));
+}
+
+QHash<QString, QStringList> SimHost::getRegisterHash()
+{
+    QStringList names;
+    for (const QJsonValue& entry : m_controller->cell().registers) {
+        names.append(entry.toObject().value(QLatin1String("name")).toString());
+    }
+    QHash<QString, QStringList> hash;
+    for (const QString& name : readList(tr("register names"), names)) {
+        hash.insert(name, {});
+    }
+    return hash;
+}
+
+QJsonValue SimHost::getRegisterValue()
+{
+    QJsonValue value =
+        m_controller->isConnected() ? QJsonValue(m_controller->cell().registers) : QJsonValue(QJsonValue::Undefined);
+    m_journal->addRead(tr("register descriptions"), value);
+    return value;
+}
+
+bool SimHost::getRobotEleStatus()
+{
+    m_journal->addRead(tr("robot power"), m_controller->isPowered());
+    return m_controller->isPowered();
+}
+
+int SimHost::getUserOperateLevel()
+{
+    m_journal->addRead(tr("operator level"), m_controller->operatorLevel());
+    return m_controller->operatorLevel();
+}
+
+QStringList SimHost::getPointNameList()
+{
+    return readList(tr("points"), m_controller->points());
+}
+
+void SimHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
+{
+    m_journal->addHostCall(QStringLiteral("addCurrentPoint"),
+                           tr("%1, overwrite %2, tool %3, work object %4").arg(name, onOff(overwrite), tool, wobj));
+    m_controller->addPoint(name);
+}
+
+QStringList SimHost::getToolList()
+{
+    return readList(tr("tools"), m_controller->cell().tools);
+}
+
+QStringList SimHost::getWobjList()
+{
+    return readList(tr("work objects"), m_controller->cell().wobjs);
+}
+
+QStringList SimHost::getSpeedList()
+{
+    return readList(tr("speeds"), m_controller->cell().speeds);
+}
+
+QStringList SimHost::getZoneList()
+{
+    return readList(tr("zones"), m_controller->cell().zones);
+}
+
+QString SimHost::getCurTool()
+{
+    return readName(tr("current tool"), m_controller->cell().currentTool);
+}
+
+QString SimHost::getCurWobj()
+{
+    return readName(tr("current work object"), m_controller->cell().currentWobj);
+}
+
+void SimHost::throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text)
+{
+    m_journal->addMessage(source, messageLevelName(level), text);
+    emit operatorMessage(source, level, text);
+}
+
+void SimHost::createCenterWidget(const QString& plugin, QWidget* widget)
+{
+    m_journal->addHostCall(QStringLiteral("CreateCenterWidget"), tr("%1: %2").arg(plugin, describe(widget)));
+    if (widget != nullptr) {
+        m_pages.insert(plugin, widget);
+        emit pageGiven(plugin);
+    }
+}
+
+void SimHost::createStatusBar(const QString& plugin, QWidget* widget, int position)
+{
+    m_journal->addHostCall(QStringLiteral("CreateStatusBar"),
+                           tr("%1: %2 at position %3").arg(plugin, describe(widget), QString::number(position)));
+    if (widget != nullptr) {
+        emit statusItemGiven(widget, position);
+    }
+}
+
+void SimHost::createPhyButtonList(const QString& plugin, const QString& name,
+                                  const QList<pendix::PhysicalButton>& first,
+                                  const QList<pendix::PhysicalButton>& second, const QStringList& selector)
+{
+    Q_UNUSED(selector)
+    const QString separator = QStringLiteral(", ");
+    m_journal->addHostCall(QStringLiteral("CreatePhyButtonList"),
+                           tr("%1, %2: first list %3; second list %4")
+                               .arg(plugin, name, labels(first).join(separator), labels(second).join(separator)));
+}
+
+void SimHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)
+{
+    m_journal->addHostCall(QStringLiteral("ChangePhyButtonStatus"), tr("%1, %2: %3").arg(plugin, name, onOff(on)));
+}
+
+void SimHost::changeModelWindowStatus(const QString& plugin, bool modal)
+{
+    m_journal->addHostCall(QStringLiteral("ChangeModelWindowStatus"), tr("%1: modal %2").arg(plugin, onOff(modal)));
+}
+
+int SimHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
+{
+    constexpr int kNoSuchWidget = -1;
+    out = nullptr;
+    m_journal->addHostCall(QStringLiteral("GetPluginNoUniqueWidget"), tr("%1: offers no widget").arg(plugin));
+    return kNoSuchWidget;
+}
+
+void SimHost::log(const pendix::LogStatement& statement)
+{
+    m_journal->addLog(statement.filePath.isEmpty() ? tr("console only") : QString(), logLevel(statement.tag),
+                      statement.items.join(QLatin1Char(' ')));
+}
+
+} // namespace sim

@@ -1,0 +1,89 @@
+#ifndef SIMULATOR_SIMULATEDCONTROLLER_H
+#define SIMULATOR_SIMULATEDCONTROLLER_H
+
+#include "simulator/answerplan.h"
+#include "simulator/cellfile.h"
+#include "simulator/weldcommands.h"
+
+#include <QHash>
+#include <QObject>
+
+namespace sim
+{
+
+/// The robot controller behind the simulated pendant: its welding service, its robot's power and the line to
+/// it. Nothing here moves or welds anything. While the line is down, values are undefined and commands
+/// stay unanswered.
+class SimulatedController : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kHighestLevel = 5;
+
+    explicit SimulatedController(Cell cell, QObject* parent = nullptr);
+
+    /// The cell: signals, registers, points and the like. Its nodes and values are those it was loaded with.
+    const Cell& cell() const { return m_cell; }
+    /// The nodes as they stand now.
+    QJsonObject nodes() const { return m_data.nodes; }
+    QJsonObject values() const { return m_data.values; }
+    bool weldEnabled() const { return m_data.weldEnabled; }
+    QStringList points() const { return m_cell.points; }
+    /// Adds a point; a name that is empty or taken and a line that is down change nothing.
+    void addPoint(const QString& name);
+    /// Takes over nodes that were kept from an earlier run.
+    void setNodes(const QJsonObject& nodes);
+
+    bool isConnected() const { return m_connected; }
+    bool isPowered() const { return m_powered; }
+    int operatorLevel() const { return m_level; }
+
+    /// What the controller publishes under a name or a dotted path; undefined if there is no such value.
+    QJsonValue published(const QString& name) const;
+    /// A single value as it is, connected or not; false for an unknown name.
+    bool value(const QString& name) const { return m_data.values.value(name).toBool(); }
+    /// Sets a single value, as something that happens at the machine.
+    void setValue(const QString& name, bool value);
+
+    AnswerPlan plan(const QString& command) const { return m_plans.value(command); }
+    void setPlan(const QString& command, AnswerPlan plan);
+
+    struct Execution {
+        QJsonArray answer;
+        QStringList remarks; ///< what a reader of the journal should know: unknown commands, refusals
+    };
+    /// Executes a command object. With a delay in a command's plan this spins the event loop for that time;
+    /// when the line goes down or the program ends meanwhile, nothing is done and nothing answered.
+    Execution execute(const QString& plugin, const QJsonObject& command);
+
+public slots:
+    void setConnected(bool connected);
+    void setPowered(bool powered);
+    void setOperatorLevel(int level); ///< bounded to 0..5
+
+signals:
+    void connectionChanged(bool connected);
+    void poweredChanged(bool powered);
+    void operatorLevelChanged(int level);
+    void planChanged(const QString& command);
+    /// Nodes, values, points or the weld enable changed.
+    void dataChanged();
+    /// A command did its work and the nodes were brought up to date.
+    void nodesStored();
+
+private:
+    void executeOne(const QString& plugin, const QString& name, const QJsonValue& argument, Execution* execution);
+    bool wait(int delayMs);
+
+    Cell m_cell;
+    WeldData m_data;
+    QHash<QString, AnswerPlan> m_plans;
+    bool m_connected = true;
+    bool m_powered = false;
+    int m_level = kHighestLevel;
+};
+
+} // namespace sim
+
+#endif

@@ -1,0 +1,38 @@
+#ifndef SIMULATOR_WELDCOMMANDS_H
+#define SIMULATOR_WELDCOMMANDS_H
+
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QStringList>
+
+namespace sim
+{
+
+/// What the simulated controller's welding service holds and its commands change.
+struct WeldData {
+    QJsonObject nodes;        ///< configuration nodes by name; null: there is none of that name
+    QJsonObject values;       ///< single values by dotted path
+    bool weldEnabled = false; ///< whether laser welding is switched on
+};
+
+/// Result of a command.
+struct CommandOutcome {
+    QJsonValue code;   ///< the "return" value of the answer
+    bool done = false; ///< false: refused, nothing was changed
+    QString reason;    ///< why it was refused, for the journal
+};
+
+/// One command that the welding service knows.
+struct CommandRow {
+    const char* name;
+    CommandOutcome (*execute)(WeldData& data, const QJsonValue& argument);
+};
+
+QStringList commandNames();
+
+/// The row of a command; null for a command that the service does not know.
+const CommandRow* findCommand(const QString& name);
+
+} // namespace sim
+
+#endif

@@ -1,0 +1,237 @@
+#include "simulator/cellfile.h"
+#include "simulator/nodeschema.h"
+#include "simulator/statefile.h"
+
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace sim;
+
+namespace
+{
+
+QByteArray shippedText()
+{
+    QFile file(QStringLiteral(SHIPPED_CELL));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Line on which the only occurrence of a text begins.
+int lineOf(const QByteArray& text, const QByteArray& part)
+{
+    return 1 + text.left(text.indexOf(part)).count('\n');
+}
+
+} // namespace
+
+class TestCellFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void shippedCellIsComplete();
+    void shippedPortsExist();
+    void faultNamesLineAndMember_data();
+    void faultNamesLineAndMember();
+    void unreadableFiles_data();
+    void unreadableFiles();
+    void stateSurvivesRuns();
+    void badStateIsRefused();
+    void failedWriteLeavesTheOldState();
+
+private:
+    QString write(const QString& name, const QByteArray& text) const;
+
+    QTemporaryDir m_folder;
+    FileFault m_fault;
+};
+
+void TestCellFile::init()
+{
+    m_fault = FileFault();
+}
+
+QString TestCellFile::write(const QString& name, const QByteArray& text) const
+{
+    QFile file(m_folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+        qFatal("can't write %s", qPrintable(file.fileName()));
+    }
+    return file.fileName();
+}
+
+void TestCellFile::shippedCellIsComplete()
+{
+    const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
+    QVERIFY2(cell, qPrintable(m_fault.message()));
+    QCOMPARE(cell->io.value(QStringLiteral("DI")).size(), 64);
+    QCOMPARE(cell->io.value(QStringLiteral("DO")).last(), QStringLiteral("DO64"));
+    for (const char* type : {"AI", "AO", "GI", "GO"}) {
+        QCOMPARE(cell->io.value(QLatin1String(type)).size(), 16);
+    }
+    QCOMPARE(cell->registers.size(), 60);
+    QSet<QString> types;
+    for (const QJsonValue& entry : cell->registers) {
+        types.insert(entry.toObject().value(QLatin1String("type")).toString());
+    }
+    QCOMPARE(types.size(), 18);
+    for (const QString& name : nodeNames()) {
+        QVERIFY2(!cell->nodes.value(name).toObject().isEmpty(), qPrintable(name));
+    }
+    QVERIFY(cell->nodes.value(QLatin1String(node::kParameters)).toObject().size() >= 5);
+    QCOMPARE(cell->speeds.first(), QStringLiteral("v5"));
+    QCOMPARE(cell->speeds.last(), QStringLiteral("v2000"));
+    QCOMPARE(cell->zones.mid(0, 2), QStringList({QStringLiteral("fine"), QStringLiteral("z0")}));
+    QCOMPARE(cell->zones.last(), QStringLiteral("z200"));
+}
+
+void TestCellFile::shippedPortsExist()
+{
+    const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
+    QVERIFY(cell);
+    QHash<QString, int> lengths;
+    for (const QJsonValue& entry : cell->registers) {
+        const QJsonObject description = entry.toObject();
+        lengths.insert(description.value(QLatin1String("name")).toString(),
+                       description.value(QLatin1String("len")).toInt());
+    }
+    QStringList signalNames;
+    for (const QStringList& names : cell->io) {
+        signalNames += names;
+    }
+    const QJsonObject io = cell->nodes.value(QLatin1String(node::kIo)).toObject();
+    for (auto member = io.constBegin(); member != io.constEnd(); ++member) {
+        const QString port = member.value().toString();
+        if (!member.key().endsWith(QLatin1String("_port")) || port.isEmpty()) {
+            continue;
+        }
+        const QString key = member.key().chopped(5);
+        const int type = io.value(key + QLatin1String("_type")).toInt();
+        const int bias = io.value(key + QLatin1String("_bias")).toInt();
+        QVERIFY2(type == 2 ? bias < lengths.value(port) : signalNames.contains(port), qPrintable(key));
+    }
+}
+
+void TestCellFile::faultNamesLineAndMember_data()
+{
+    QTest::addColumn<QByteArray>("part");
+    QTest::addColumn<QByteArray>("replacement");
+    QTest::addColumn<QString>("fault"); // %1: line of the part
+
+    const auto row = [](const char* name, const char* part, const char* replacement, const char* fault) {
+        QTest::newRow(name) << QByteArray(part) << QByteArray(replacement) << QString::fromLatin1(fault);
+    };
+    row("length", "\"ro\",       \"len\":  1 },\n    { \"name\": \"R_LaserOn\"",
+        "\"ro\", \"len\": 0 },\n    { \"name\": \"R_LaserOn\"",
+        ":%1: registers[0].len: expected a whole number from 1 to 1000");
+    row("type", "\"int8\"", "\"int9\"", ":%1: registers[14].type: expected one of bool, bit,");
+    row("access", "\"rd\"", "\"\"", ":%1: registers[13].rw: expected one of r, rd,");
+    row("missing member", "{ \"prefix\": \"GI\", \"first\": 1, ", "{ \"prefix\": \"GI\", ",
+        ":%1: io.GI.first: missing");
+    row("unknown member", "\"current_tool\"", "\"curent_tool\"", ":1: current_tool: missing");
+    row("mistyped number", "\"laser_power\": 3000", "\"laser_power\": \"3000\"",
+        ":%1: nodes.weld_setting_config.laser_power: expected a number");
+    row("misspelt setting", "\"manual_gas_time\"", "\"manual_gas_tine\"",
+        ": nodes.weld_setting_config.manual_gas_time: missing");
+    row("extra setting", "\"laser_power\": 3000", "\"laser_power\": 3000, \"colour\": 1",
+        ":%1: nodes.weld_setting_config.colour: unknown member");
+    row("set under a wrong name", "\"LsDataID\": \"LsData3\"", "\"LsDataID\": \"LsData4\"",
+        ":%1: nodes.weld_param_config.LsData3.LsDataID: expected \"LsData3\"");
+    row("set that can't be", "\"LsData12\": {", "\"LsData31\": {",
+        ":%1: nodes.weld_param_config.LsData31: unknown member");
+    row("curve row", "[80, 48]", "[80]", ":%1: nodes.weld_curve_config.feed_nodes_data[1]: expected 2 numbers");
+    row("curve count", "\"laser_feed_node\": 4", "\"laser_feed_node\": 11",
+        ":%1: nodes.weld_curve_config.laser_feed_node: expected a whole number from 2 to 10");
+    row("match value", "[24, 1700, 1400, 80]", "[24, 1700, null, 80]",
+        ":%1: nodes.weld_param_match.PowerData2.power_data[2][2]: expected a number");
+    row("value", "\"laser_weld_data.virtual_welding_status\": true", "\"laser_weld_data.virtual_welding_status\": 1",
+        ":%1: values[\"laser_weld_data.virtual_welding_status\"]: expected true or false");
+    row("duplicate register", "\"R_PartCount\"", "\"R_SeamPose\"",
+        ": registers[46].name: the name \"R_SeamPose\" comes twice");
+    row("duplicate name in a series", "\"SeamEnd\",", "\"P7\",", ":%1: points[5]: the name \"P7\" comes twice");
+    row("empty name", "\"tool0\"", "\"\"", ":%1: tools[0]: expected a name");
+    row("blank around a name", "\"tool0\"", "\" tool0\"", ":%1: tools[0]: expected a name");
+    row("unknown choice", "\"current_wobj\": \"table_left\"", "\"current_wobj\": \"table\"",
+        ":%1: current_wobj: \"table\" is not in the list \"wobjs\"");
+    row("duplicate member", "\"current_wobj\": \"table_left\"", "\"current_tool\": \"tool0\"",
+        ":%1: Duplicate key: 'current_tool'");
+    row("syntax", "\"current_wobj\": \"table_left\"", "\"current_wobj\" \"table_left\"", ":%1: not JSON: ");
+    row("bad UTF-8", "\"current_wobj\": \"table_left\"", "\"current_wobj\": \"\xff\"", ":%1: not JSON: ");
+}
+
+void TestCellFile::faultNamesLineAndMember()
+{
+    QFETCH(QByteArray, part);
+    QFETCH(QByteArray, replacement);
+    QFETCH(QString, fault);
+    QByteArray text = shippedText();
+    QCOMPARE(text.count(part), 1);
+    const int line = lineOf(text, part);
+    const QString path = write(QStringLiteral("cell.json"), text.replace(part, replacement));
+    QVERIFY(!loadCell(path, &m_fault));
+    const QString expected = fault.contains(QLatin1String("%1")) ? fault.arg(line) : fault;
+    QVERIFY2(m_fault.message().startsWith(path + QLatin1Char(':')), qPrintable(m_fault.message()));
+    QVERIFY2(m_fault.message().contains(expected), qPrintable(m_fault.message()));
+}
+
+void TestCellFile::unreadableFiles_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("empty") << QByteArray(" \n") << QStringLiteral(":1: the file is empty");
+    QTest::newRow("a list") << QByteArray("\n[]") << QStringLiteral(": expected an object");
+    QTest::newRow("rest behind the end") << QByteArray("{}\n{}") << QStringLiteral(":2: not JSON: ");
+    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF{}") << QStringLiteral(":1: nodes: missing");
+    QTest::newRow("1000 levels") << "{\"a\":\n" + QByteArray(1000, '[') + QByteArray(1000, ']') + '}'
+                                 << QStringLiteral("missing");
+    QTest::newRow("100000 levels") << "\n" + QByteArray(100000, '[') << QStringLiteral(":2: not JSON: ");
+    QTest::newRow("17 MiB") << QByteArray(17 * 1024 * 1024, ' ') << QStringLiteral("larger than 16 MiB");
+}
+
+void TestCellFile::unreadableFiles()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, fault);
+    QVERIFY(!loadCell(write(QStringLiteral("cell.json"), text), &m_fault));
+    QVERIFY2(m_fault.message().contains(fault), qPrintable(m_fault.message()));
+    QVERIFY(!loadCell(m_folder.path(), &m_fault));
+    QVERIFY(m_fault.message().endsWith(QLatin1String(": is a folder")));
+    QVERIFY(!loadCell(m_folder.filePath(QStringLiteral("none.json")), &m_fault));
+    QVERIFY(m_fault.message().contains(QLatin1String("can't be read")));
+}
+
+void TestCellFile::stateSurvivesRuns()
+{
+    const QString path = m_folder.filePath(QStringLiteral("state.json"));
+    QCOMPARE(loadState(path, &m_fault), QJsonObject());
+    QJsonObject nodes = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault)->nodes;
+    nodes.insert(QLatin1String(node::kMatch), QJsonValue::Null);
+    QCOMPARE(saveState(path, nodes), QString());
+    QCOMPARE(loadState(path, &m_fault), nodes);
+    QVERIFY(QFile::remove(path));
+}
+
+void TestCellFile::badStateIsRefused()
+{
+    const QByteArray text = "{\n \"nodes\": {\n  \"weld_io_config\": 4 } }";
+    const QString path = write(QStringLiteral("badstate.json"), text);
+    QVERIFY(!loadState(path, &m_fault));
+    QVERIFY2(m_fault.message().contains(QLatin1String(":2: nodes.weld_setting_config: missing")),
+             qPrintable(m_fault.message()));
+}
+
+void TestCellFile::failedWriteLeavesTheOldState()
+{
+    const QString folder = m_folder.filePath(QStringLiteral("missing"));
+    QVERIFY(!saveState(folder + QLatin1String("/state.json"), {}).isEmpty());
+    // A folder in the file's place fails at the last moment, when the new content is already written.
+    QVERIFY(QDir().mkdir(folder));
+    QVERIFY(!saveState(folder, {}).isEmpty());
+    QVERIFY(QFileInfo(folder).isDir());
+    QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("missing.*")}), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestCellFile)
+#include "tst_cellfile.moc"
