@@ -60,19 +60,22 @@ int Journal::append(EntryKind kind, const QString& level, const QString& subject
 
 void Journal::addRead(const QString& subject, const QJsonValue& value)
 {
-    QString text = compact(value);
-    if (text.size() > kLongestRead) {
-        text = tr("%1... (%2 characters)").arg(text.left(kLongestRead), QString::number(text.size()));
-    }
+    // Pages read whole nodes over and over: the text of a long one is made anew when somebody asks for it.
+    const QString text = compact(value);
+    const bool isLong = text.size() > kLongestRead;
     if (!m_entries.empty()) {
         JournalEntry& last = m_entries.back();
-        if (last.kind == EntryKind::Read && last.subject == subject && last.text == text) {
+        const bool same = isLong ? last.value == value : last.text == text;
+        if (last.kind == EntryKind::Read && last.subject == subject && same) {
             ++last.repeats;
             emit changed(size() - 1);
             return;
         }
     }
-    append(EntryKind::Read, {}, subject, text);
+    const int entry = append(EntryKind::Read, {}, subject, text.left(kLongestRead));
+    if (isLong) {
+        m_entries.at(static_cast<std::size_t>(entry)).value = value;
+    }
 }
 
 int Journal::addCommand(const QString& name, const QJsonValue& argument)
@@ -126,6 +129,11 @@ void Journal::addNotice(const QString& level, const QString& text)
     append(EntryKind::Notice, level, tr("simulator"), text);
 }
 
+QString Journal::wholeText(const JournalEntry& entry)
+{
+    return entry.value.isUndefined() ? entry.text : compact(entry.value);
+}
+
 QString Journal::remark(const JournalEntry& entry) const
 {
     if (entry.untold) {
@@ -158,7 +166,7 @@ QString Journal::line(int index) const
                        entry.level,
                        remark(entry),
                        entry.subject,
-                       entry.text}
+                       wholeText(entry)}
         .join(QLatin1Char('\t'));
 }
 

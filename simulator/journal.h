@@ -23,11 +23,12 @@ struct JournalEntry {
     int number = 0; ///< from 1
     QDateTime time;
     EntryKind kind = EntryKind::Notice;
-    QString level;       ///< of an operator message, log line or notice
-    QString subject;     ///< what was read, which command, who spoke
-    QString text;        ///< value, payload, answer or words
-    int repeats = 1;     ///< the same read so many times in a row
-    bool untold = false; ///< a command after which the operator was told nothing
+    QString level;   ///< of an operator message, log line or notice
+    QString subject; ///< what was read, which command, who spoke
+    QString text;    ///< value, payload, answer or words; of a long value read only the beginning
+    QJsonValue value = QJsonValue::Undefined; ///< that value, shared with its owner
+    int repeats = 1;                          ///< the same read so many times in a row
+    bool untold = false;                      ///< a command after which the operator was told nothing
 };
 
 /// Everything that happens, in order. A command counts as told when an operator message follows its answer
@@ -42,8 +43,7 @@ public:
     int size() const { return static_cast<int>(m_entries.size()); }
     const JournalEntry& at(int index) const { return m_entries.at(static_cast<std::size_t>(index)); }
 
-    /// A long value is cut to its beginning: pages read whole nodes over and over. Equal reads in a row
-    /// become one entry that counts them.
+    /// Equal reads in a row become one entry that counts them.
     void addRead(const QString& subject, const QJsonValue& value);
     /// Returns the index of the entry, for addAnswer.
     int addCommand(const QString& name, const QJsonValue& argument);
@@ -53,7 +53,7 @@ public:
     void addHostCall(const QString& subject, const QString& text);
     void addNotice(const QString& level, const QString& text);
 
-    /// Number, time, kind, level, remark, subject and text, parted by tabs: one line per entry.
+    /// Number, time, kind, level, remark, subject and the whole text, parted by tabs: one line per entry.
     QString line(int index) const;
     /// Level, subject and at most limit characters of the text. The mark of an untold command or the count of
     /// equal reads comes first, where a narrow column can't hide it.
@@ -66,6 +66,7 @@ signals:
     void changed(int index);
 
 private:
+    static QString wholeText(const JournalEntry& entry);
     QString remark(const JournalEntry& entry) const;
     int append(EntryKind kind, const QString& level, const QString& subject, const QString& text);
     void closeCommand();

@@ -15,7 +15,7 @@ private slots:
     void marksUntoldCommands();
     void answerFromWithinAnAnswer();
     void countsEqualReads();
-    void cutsLongReadsOnly();
+    void longReadsStayWhole();
     void filterAndCopy();
     void staysQuick();
 };
@@ -96,14 +96,17 @@ void TestJournal::countsEqualReads()
     QCOMPARE(journal.at(2).text, QStringLiteral("(nothing)"));
 }
 
-void TestJournal::cutsLongReadsOnly()
+void TestJournal::longReadsStayWhole()
 {
     Journal journal;
     const QString text(5000, QLatin1Char('x'));
-    journal.addRead(QStringLiteral("node"), text);
-    journal.addCommand(QStringLiteral("save"), text);
-    QVERIFY(journal.at(0).text.endsWith(QLatin1String("... (5002 characters)")));
-    QCOMPARE(journal.at(1).text, QLatin1Char('"') + text + QLatin1Char('"'));
+    journal.addRead(QStringLiteral("node"), text + QLatin1Char('1'));
+    journal.addRead(QStringLiteral("node"), text + QLatin1Char('2'));
+    journal.addRead(QStringLiteral("node"), text + QLatin1Char('2'));
+    QCOMPARE(journal.size(), 2);
+    QVERIFY(journal.line(0).endsWith(text + QLatin1String("1\"")));
+    QVERIFY(journal.line(1).endsWith(text + QLatin1String("2\"")));
+    QVERIFY(journal.summary(1, 10).startsWith(QLatin1String("[2 times] node: \"xxx")));
 }
 
 void TestJournal::filterAndCopy()
