@@ -60,6 +60,7 @@ void TestEnableButton::setsSilently()
     button.setIsEnabled(true, false);
     QVERIFY(button.getIsEnabled());
     QTRY_COMPARE(colorAt(button, 48), kKnobOn);
+    QTest::qWait(50); // the last step is shown before the slide is over
 
     button.setIsEnabled(true, false); // nothing to replay
     QCOMPARE(colorAt(button, 48), kKnobOn);

@@ -135,7 +135,11 @@ void TestStackedWidgetFit::scrollsTallPages()
     ScrolledStack scrolled;
     QWidget* page = createPage(QSizePolicy::Minimum, 700);
     scrolled.stack->addWidget(page);
-    scrolled.stack->addWidget(createPage(QSizePolicy::Expanding, 700));
+    QWidget* expanding = createPage(QSizePolicy::Expanding, 700);
+    auto* text = new QLabel(QStringLiteral("word ").repeated(100));
+    text->setWordWrap(true);
+    expanding->layout()->addWidget(text);
+    scrolled.stack->addWidget(expanding);
     scrolled.area.show();
     QTRY_COMPARE(scrolled.range(), 400);
     QCOMPARE(page->height(), 700);
@@ -166,6 +170,24 @@ void TestStackedWidgetFit::comesToRest()
     QCOMPARE(unrestOf(scrolled.stack), 0);
     QCOMPARE(inner->height(), 350);
     QCOMPARE(scrolled.range(), 150);
+
+    // Squeezed to nothing beside wrapped text.
+    QWidget narrow;
+    auto* row = new QHBoxLayout(&narrow);
+    auto* outer = new StackedWidgetFit;
+    QWidget* holder = createPage(QSizePolicy::Minimum, 10);
+    auto* nested = new StackedWidgetFit;
+    nested->addWidget(createPage(QSizePolicy::Minimum, 50));
+    holder->layout()->addWidget(nested);
+    outer->addWidget(holder);
+    row->addWidget(outer);
+    auto* label = new QLabel(QStringLiteral("word ").repeated(50));
+    label->setWordWrap(true);
+    row->addWidget(label, 1);
+    narrow.resize(400, 300);
+    narrow.show();
+    outer->setMaximumWidth(0);
+    QCOMPARE(unrestOf(outer), 0);
 
     // A neighbour that takes any room: the two must not take it from each other in turns.
     QWidget window;

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QFrame>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -130,6 +131,10 @@ void TestUiScale::compactsTheDetailPage()
     narrow.setMaximumHeight(400);
     QLabel headerLabel(&header);
     headerLabel.setWordWrap(true);
+    auto* headerGrid = new QGridLayout(&header);
+    headerGrid->setSpacing(11);
+    auto* grid = new QGridLayout(&wide);
+    QLineEdit edit(&page);
 
     UiScale::applyWeldParamDetailPage(&page, nullptr);
 
@@ -144,6 +149,13 @@ void TestUiScale::compactsTheDetailPage()
     QCOMPARE(narrow.maximumHeight(), 400);
     QCOMPARE(narrow.sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
     QVERIFY(headerLabel.wordWrap());
+    QCOMPARE(headerGrid->verticalSpacing(), 11);
+    QCOMPARE(QSize(grid->horizontalSpacing(), grid->verticalSpacing()), QSize(6, 4));
+    QCOMPARE(QSize(edit.minimumWidth(), edit.maximumHeight()), QSize(140, row));
+    QCOMPARE(edit.sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    UiScale::applyContentFonts(&page, 10);
+    QCOMPARE(spin.font().pointSize(), UiScale::adjustedPointSize(10, &page));
+    QCOMPARE(spin.font().family(), QStringLiteral("Microsoft YaHei UI"));
 }
 
 void TestUiScale::installsEachFixerOnce()
@@ -185,6 +197,11 @@ void TestUiScale::cutsPopupToItsRows()
         QTRY_COMPARE(popup->pos(), combo.mapToGlobal(QPoint(0, combo.height())));
         combo.hidePopup();
     }
+    // The two kinds do not undo each other: the lower limit holds.
+    UiScale::limitComboBoxPopupHeight(&combo, 3);
+    combo.showPopup();
+    QTest::qWait(50);
+    QCOMPARE(combo.view()->window()->height(), 2 * combo.view()->frameWidth() + 3 * combo.view()->sizeHintForRow(0));
 }
 
 QTEST_MAIN(TestUiScale)

@@ -45,6 +45,7 @@ private:
     QPointer<QComboBox> m_combo;
     int m_maxVisible;
     bool m_below;
+    int m_cutHeight = -1; ///< height that this fixer gave the popup last
 };
 
 bool ComboPopupFixer::eventFilter(QObject* watched, QEvent* event)
@@ -77,12 +78,14 @@ void ComboPopupFixer::adjust()
         return;
     }
     const int height = listHeight();
-    // A popup fixed to the rows of a shorter list would never grow again by itself.
-    const bool outgrown = popup->minimumHeight() == popup->maximumHeight() && popup->height() < height;
+    // A popup that this fixer cut to a shorter list would never grow again by itself.
+    const bool isOurCut = popup->minimumHeight() == m_cutHeight && popup->maximumHeight() == m_cutHeight;
+    const bool outgrown = isOurCut && m_cutHeight < height;
     if (popup->height() >= height + kTolerance || outgrown) {
         m_view->setMinimumHeight(0);
         m_view->setMaximumHeight(height);
         popup->setFixedHeight(height);
+        m_cutHeight = height;
     }
     if (m_below) {
         popup->move(m_combo->mapToGlobal(QPoint(0, m_combo->height())));

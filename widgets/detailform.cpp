@@ -17,10 +17,10 @@ namespace UiScale
 namespace
 {
 
-/// True for what the dense rules leave alone: the page's header lays itself out.
-bool isInHeader(const QWidget* widget)
+/// True for what the dense rules leave alone: what lies in the page's header, which lays itself out.
+bool isInHeader(const QWidget* parent)
 {
-    for (; widget != nullptr; widget = widget->parentWidget()) {
+    for (const QWidget* widget = parent; widget != nullptr; widget = widget->parentWidget()) {
         if (widget->objectName() == QLatin1String("frame_config_header")) {
             return true;
         }
@@ -33,7 +33,7 @@ template <typename T, typename Rule>
 void forEachBodyWidget(const QWidget* page, Rule rule)
 {
     for (T* widget : page->findChildren<T*>()) {
-        if (!isInHeader(widget)) {
+        if (!isInHeader(widget->parentWidget())) {
             rule(widget);
         }
     }

@@ -79,8 +79,8 @@ EnableButton::EnableButton(QWidget* parent)
     QWidget::setStyleSheet(QStringLiteral("background:transparent;"));
     lastWidth = width();
 
-    // By name, the one place that has to: the animation drives moveSlider's one-argument form, which exists only
-    // in the meta-object; a pointer to the slot always has two arguments.
+    // By name, the one place that has to: observers of the meta-object see the animation drive moveSlider's
+    // one-argument form, which a pointer to the slot can't name.
     connect(animation, SIGNAL(valueChanged(QVariant)), this, SLOT(moveSlider(QVariant)));
 }
 

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QStyleOptionHeader>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -56,12 +58,13 @@ void HeaderWidgetView::setSectionWidget(int section, QWidget* widget, Qt::Alignm
     if (previous >= 0) {
         removeSectionWidget(previous, false);
     }
-    removeSectionWidget(section, true);
-
+    // Taken over before the section is cleared: the widget may be part of what it replaces.
     QWidget* host = createHost(widget, alignment);
+    removeSectionWidget(section, true);
     sectionWidgets.insert(section, widget);
     sectionHosts.insert(section, host);
     connect(widget, &QObject::destroyed, this, &HeaderWidgetView::forget);
+    connect(host, &QObject::destroyed, this, &HeaderWidgetView::forget);
     layoutWidgets();
     host->show();
     widget->show();
@@ -131,31 +134,35 @@ void HeaderWidgetView::clearSectionWidgets(bool deleteWidgets)
 /// Lets go of a container and its widget, which are no longer in the hashes.
 void HeaderWidgetView::release(QWidget* host, QWidget* widget, bool deleteWidget)
 {
-    host->hide();
+    disconnect(host, &QObject::destroyed, this, &HeaderWidgetView::forget);
     if (widget != nullptr) {
         disconnect(widget, &QObject::destroyed, this, &HeaderWidgetView::forget);
         widget->hide();
         // A widget that was meanwhile put elsewhere still counts as the header's.
         widget->setParent(deleteWidget ? host : nullptr);
     }
-    if (!deleteWidget) {
-        host->setParent(nullptr);
-    }
-    // Later: the widget's own signal may be what led here.
-    host->deleteLater();
+    delete host;
 }
 
-/// A hosted widget was deleted elsewhere; only its address is left of it.
-void HeaderWidgetView::forget(QObject* destroyedWidget)
+/// A hosted widget or its container was deleted elsewhere; only its address is left of it.
+void HeaderWidgetView::forget(QObject* gone)
 {
-    for (auto it = sectionWidgets.begin(); it != sectionWidgets.end(); ++it) {
-        if (it.value() == destroyedWidget) {
-            QWidget* host = sectionHosts.take(it.key());
-            sectionWidgets.erase(it);
-            host->deleteLater();
-            viewport()->update();
-            return;
+    for (auto it = sectionHosts.begin(); it != sectionHosts.end(); ++it) {
+        QWidget* host = it.value();
+        QWidget* widget = sectionWidgets.value(it.key(), nullptr);
+        if (gone != host && gone != widget) {
+            continue;
         }
+        sectionWidgets.remove(it.key());
+        sectionHosts.erase(it);
+        if (gone == host) {
+            disconnect(widget, &QObject::destroyed, this, &HeaderWidgetView::forget);
+        } else {
+            disconnect(host, &QObject::destroyed, this, &HeaderWidgetView::forget);
+            host->deleteLater(); // it may be what is deleting the widget
+        }
+        viewport()->update();
+        return;
     }
 }
 
@@ -171,38 +178,46 @@ QRect HeaderWidgetView::sectionRect(int section) const
 
 void HeaderWidgetView::layoutWidgets()
 {
-    placeHosts();
-}
-
-void HeaderWidgetView::placeHosts() const
-{
-    const QHash<int, QWidget*> hosts = sectionHosts; // showing a widget may call back and change the original
-    for (auto it = hosts.cbegin(); it != hosts.cend(); ++it) {
-        QWidget* host = it.value();
-        const QRect rect = sectionRect(it.key());
-        if (!rect.isValid()) {
-            // A hidden section has no width; its widget would lie over the neighbour.
-            if (it.key() < count()) {
-                host->hide();
-            }
-            continue;
+    // This also runs while the header paints. Raising one container over the other each time would make every
+    // paint ask for the next one, without end: only what lies below the header itself is raised.
+    const QObjectList siblings = children();
+    for (QObject* sibling : siblings) {
+        if (sibling == viewport()) {
+            break;
         }
-        host->setGeometry(rect);
-        QWidget* widget = sectionWidgets.value(it.key(), nullptr);
-        if (widget != nullptr) {
-            if (widget->parentWidget() != host) {
-                widget->setParent(host);
-            }
-            widget->show();
-        }
-        host->show();
-        // This also runs while the header paints. Raising one container over the other each time would make
-        // every paint ask for the next one, without end.
-        const QObjectList& siblings = children();
-        if (siblings.indexOf(host) < siblings.indexOf(viewport())) {
-            host->raise();
+        const auto isSibling = [sibling](const QWidget* host) { return host == sibling; };
+        if (std::any_of(sectionHosts.cbegin(), sectionHosts.cend(), isSibling)) {
+            static_cast<QWidget*>(sibling)->raise();
         }
     }
+    const QList<int> sections = sectionHosts.keys(); // showing a widget may call back and change the hash
+    for (const int section : sections) {
+        placeHost(section);
+    }
+}
+
+/// Brings one section's container to its section.
+void HeaderWidgetView::placeHost(int section) const
+{
+    QWidget* host = sectionHosts.value(section, nullptr);
+    if (host == nullptr) {
+        return;
+    }
+    const QRect rect = sectionRect(section);
+    if (!rect.isValid()) {
+        // A hidden section has no width; its widget would lie over the neighbour.
+        if (section < count()) {
+            host->hide();
+        }
+        return;
+    }
+    host->setGeometry(rect);
+    QWidget* widget = sectionWidgets.value(section, nullptr);
+    if (widget->parentWidget() != host) {
+        widget->setParent(host);
+    }
+    widget->show();
+    host->show();
 }
 
 void HeaderWidgetView::resizeEvent(QResizeEvent* event)
@@ -232,7 +247,5 @@ void HeaderWidgetView::paintSection(QPainter* painter, const QRect& rect, int lo
         option.text = model()->headerData(logicalIndex, orientation(), Qt::DisplayRole).toString();
     }
     style()->drawControl(QStyle::CE_Header, &option, painter, this);
-    if (hosts) {
-        placeHosts();
-    }
+    placeHost(logicalIndex);
 }

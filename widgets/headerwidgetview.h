@@ -27,7 +27,8 @@ public:
     /// The widget placed in a section, or null.
     QWidget* sectionWidget(int section) const;
 
-    /// Takes the widget out of a section: destroyed, or hidden and handed to the caller without a parent.
+    /// Takes the widget out of a section: destroyed, or hidden and handed to the caller without a parent. It is
+    /// destroyed at once: a slot of the widget's own signal must queue this call.
     void removeSectionWidget(int section, bool deleteWidget);
 
     /// The same for all sections.
@@ -46,9 +47,9 @@ protected:
 
 private:
     QWidget* createHost(QWidget* widget, Qt::Alignment alignment);
-    void placeHosts() const;
+    void placeHost(int section) const;
     void release(QWidget* host, QWidget* widget, bool deleteWidget);
-    void forget(QObject* destroyedWidget);
+    void forget(QObject* gone);
 
     QHash<int, QWidget*> sectionHosts;   // section -> the frame that holds its widget, a child of the view
     QHash<int, QWidget*> sectionWidgets; // section -> the widget, a child of that frame

@@ -51,20 +51,14 @@ int contentHeight(QWidget* page, int width)
     return height > 0 ? height : minimumLayoutHeight(page, width);
 }
 
-bool isContentOf(const QScrollArea* area, const QWidget* widget)
-{
-    const QWidget* content = area->widget();
-    return content != nullptr && (content == widget || content->isAncestorOf(widget));
-}
-
 /// True if something above sizes the stack by nothing but its minimum: a resizable scroll area, or a compact page
 /// of another stack. An answer that changed with the size it leads to would be asked for again without end.
 bool isSizedByMinimum(const QWidget* stack)
 {
     for (const QWidget* widget = stack; widget->parentWidget() != nullptr; widget = widget->parentWidget()) {
         const QWidget* parent = widget->parentWidget();
-        const auto* area = qobject_cast<const QScrollArea*>(parent->parentWidget()); // parent is its viewport
-        if (area != nullptr && area->widgetResizable() && isContentOf(area, stack)) {
+        const auto* area = qobject_cast<const QScrollArea*>(parent->parentWidget());
+        if (area != nullptr && area->widgetResizable() && area->viewport() == parent) {
             return true;
         }
         if (qobject_cast<const StackedWidgetFit*>(parent) != nullptr && isCompact(widget)) {
@@ -101,8 +95,8 @@ QSize StackedWidgetFit::minimumSizeHint() const
 
 bool StackedWidgetFit::hasHeightForWidth() const
 {
-    // The layout's own answer is at least the height of text wrapped at its favourite width.
-    return !isCompact(currentWidget()) && QStackedWidget::hasHeightForWidth();
+    // The layout would answer for all pages, hidden ones included.
+    return false;
 }
 
 void StackedWidgetFit::refreshCurrentPageLayout()
@@ -171,7 +165,8 @@ void StackedWidgetFit::resizeEvent(QResizeEvent* event)
     fitCurrentCompactPage();
     // Only what may ask for more room is passed on. A page that fits now may fit because room was just made for
     // it; taking the demand back at once would lose that room to a neighbour, and so on without end.
-    const bool widthChanged = event->oldSize().width() != width();
+    // A page is never laid out narrower than 1 pixel, so widths below are no change.
+    const bool widthChanged = qMax(event->oldSize().width(), 1) != qMax(width(), 1);
     const bool asksForRoom = !isSizedByMinimum(this) && minimumSizeHint().height() > 0;
     if (widthChanged || asksForRoom) {
         updateGeometry();

@@ -64,7 +64,7 @@ void applyExpandingPage(QWidget* page);
 void applyContentFonts(QWidget* root, int points);
 
 /// Squeezes the form of the welding-parameter detail page into dense rows. What lies inside
-/// "frame_config_header", and that frame itself, keeps its layout. Ignores null.
+/// "frame_config_header" keeps its layout. Ignores null.
 void applyWeldParamDetailPage(QWidget* page, const QWidget* w);
 
 /// A popup list of at most maxVisible rows (10 if below 1) with uniform rows, scrolled row by row, with a vertical
@@ -74,8 +74,8 @@ void configureDetailComboBoxPopup(QComboBox* combo, const QWidget* w);   ///< 10
 void adjustIoPageComboBoxPopup(QComboBox* combo, int maxVisible);        ///< The same as configureComboBoxPopup.
 void installIoPageComboBoxPopupFilter(QComboBox* combo, int maxVisible); ///< The same as configureComboBoxPopup.
 
-/// Cuts the popup to its rows, at most maxVisible (10 if below 1), each time it opens; styles ignore the combo
-/// box's own row limit. forceComboBoxPopupBelow also keeps the popup below the combo box. Each takes effect
+/// Cuts the popup to its rows, at most maxVisible (10 if below 1), each time it opens; some styles ignore
+/// the combo box's own row limit. forceComboBoxPopupBelow also keeps the popup below the combo box. Each takes effect
 /// once per combo box: a second call, or null, is ignored.
 void forceComboBoxPopupBelow(QComboBox* combo, int maxVisible);
 void limitComboBoxPopupHeight(QComboBox* combo, int maxVisible);
