@@ -11,7 +11,7 @@ namespace sim
 namespace
 {
 
-constexpr int kMostNames = 10000;
+constexpr int kMostNames = 10000; ///< in one list
 constexpr int kLongestRegister = 1000;
 
 const QStringList& ioTypes()
@@ -41,6 +41,13 @@ const QStringList& accessWords()
     return words;
 }
 
+void checkRoom(JsonCheck& check, const JsonPath& path, int size)
+{
+    if (size > kMostNames) {
+        check.fail(path, JsonCheck::tr("the list has more than %1 names").arg(kMostNames));
+    }
+}
+
 /// Appends the names of a series such as {"prefix": "DO", "first": 1, "count": 64}.
 void appendSeries(JsonCheck& check, const QJsonObject& series, const JsonPath& path, QStringList* names)
 {
@@ -51,6 +58,7 @@ void appendSeries(JsonCheck& check, const QJsonObject& series, const JsonPath& p
     const QString stem = check.name(series.value(prefix), path / prefix);
     const int start = check.whole(series.value(first), path / first, 0, kMostNames);
     const int length = check.whole(series.value(count), path / count, 1, kMostNames);
+    checkRoom(check, path, names->size() + length);
     for (int i = 0; check.ok() && i < length; ++i) {
         names->append(stem + QString::number(start + i));
     }
@@ -63,13 +71,14 @@ QStringList readNames(JsonCheck& check, const QJsonValue& value, const JsonPath&
     QSet<QString> known;
     const bool single = value.isObject();
     const QJsonArray entries = single ? QJsonArray{value} : check.array(value, path);
-    for (int i = 0; i < entries.size(); ++i) {
+    for (int i = 0; check.ok() && i < entries.size(); ++i) {
         const QJsonValue entry = entries.at(i);
         const JsonPath entryPath = single ? path : path / i;
         const int before = names.size();
         if (entry.isObject()) {
             appendSeries(check, entry.toObject(), entryPath, &names);
         } else {
+            checkRoom(check, entryPath, names.size() + 1);
             names.append(check.name(entry, entryPath));
         }
         for (int n = before; n < names.size(); ++n) {
@@ -90,8 +99,9 @@ QJsonArray readRegisters(JsonCheck& check, const QJsonValue& value, const JsonPa
     const QString length = QStringLiteral("len");
     QJsonArray registers = check.array(value, path);
     QSet<QString> known;
-    for (int i = 0; i < registers.size(); ++i) {
+    for (int i = 0; check.ok() && i < registers.size(); ++i) {
         const JsonPath entryPath = path / i;
+        checkRoom(check, entryPath, i + 1);
         const QJsonObject entry = check.object(registers.at(i), entryPath);
         check.members(entry, entryPath, {name, type, access, length});
         const QString registerName = check.name(entry.value(name), entryPath / name);

@@ -46,9 +46,11 @@ QGroupBox* ControllerPanel::createTruth(const std::function<QWidget*(const QStri
         QWidget* truth;
         QLabel* shown;
     };
+    auto* notShown = new QLabel(tr("not shown on the pendant"), this);
+    notShown->setWordWrap(true);
     const Row rows[] = {
         {tr("Virtual welding"), m_virtualWelding, new LivePicture(statusItem, tr("no status item"), this)},
-        {tr("Red light"), m_redLight, new QLabel(tr("not shown on the pendant"), this)},
+        {tr("Red light"), m_redLight, notShown},
         {tr("Weld enable"), m_weldEnable, new LivePicture(mainSwitch, tr("its page is not open"), this)},
     };
     auto* group = new QGroupBox(tr("True values"), this);
@@ -104,8 +106,9 @@ QGroupBox* ControllerPanel::createAnswers()
         }
     });
     auto* note =
-        new QLabel(tr("A controller that answers 0, true or as it should does what it was told; with any other "
-                      "answer it stores nothing."),
+        new QLabel(tr("With \"as it should\", \"another command's answer first\", 0 and true the controller does what "
+                      "it is told; with any other answer it does nothing and stores nothing. The pendant may read an "
+                      "answer differently: compare the true values above."),
                    group);
     note->setWordWrap(true);
     const int last = grid->rowCount();
@@ -118,7 +121,7 @@ void ControllerPanel::addAnswerRow(QGridLayout* grid, const QString& command)
 {
     auto* answer = new QComboBox(this);
     answer->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    answer->setMinimumContentsLength(10);
+    answer->setMinimumContentsLength(6);
     for (AnswerKind kind : answerKinds()) {
         answer->addItem(answerLabel(kind), static_cast<int>(kind));
     }

@@ -15,8 +15,6 @@ class QLabel;
 namespace sim
 {
 
-class LivePicture;
-
 /// What the controller really holds beside what the pendant shows of it, and how it is to answer.
 class ControllerPanel : public QWidget
 {

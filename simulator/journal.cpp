@@ -4,6 +4,8 @@
 #include <QJsonObject>
 #include <QTimer>
 
+#include <utility>
+
 namespace sim
 {
 
@@ -43,19 +45,24 @@ QString Journal::compact(const QJsonValue& value)
     }
 }
 
+int Journal::append(JournalEntry entry)
+{
+    entry.number = size() + 1;
+    entry.time = QDateTime::currentDateTime();
+    m_entries.push_back(std::move(entry));
+    const int index = size() - 1;
+    emit appended(index);
+    return index;
+}
+
 int Journal::append(EntryKind kind, const QString& level, const QString& subject, const QString& text)
 {
     JournalEntry entry;
-    entry.number = size() + 1;
-    entry.time = QDateTime::currentDateTime();
     entry.kind = kind;
     entry.level = level;
     entry.subject = subject;
     entry.text = text;
-    m_entries.push_back(entry);
-    const int index = size() - 1;
-    emit appended(index);
-    return index;
+    return append(std::move(entry));
 }
 
 void Journal::addRead(const QString& subject, const QJsonValue& value)
@@ -72,16 +79,26 @@ void Journal::addRead(const QString& subject, const QJsonValue& value)
             return;
         }
     }
-    const int entry = append(EntryKind::Read, {}, subject, text.left(kLongestRead));
+    JournalEntry entry;
+    entry.kind = EntryKind::Read;
+    entry.subject = subject;
+    entry.text = text.left(kLongestRead);
     if (isLong) {
-        m_entries.at(static_cast<std::size_t>(entry)).value = value;
+        entry.value = value;
     }
+    append(std::move(entry));
 }
 
-int Journal::addCommand(const QString& name, const QJsonValue& argument)
+int Journal::addCommand(const QString& plugin, const QString& name, const QJsonValue& argument, const QString& sender)
 {
     closeCommand();
-    return append(EntryKind::Command, {}, name, compact(argument));
+    JournalEntry entry;
+    entry.kind = EntryKind::Command;
+    entry.subject = name;
+    entry.text = compact(argument);
+    entry.plugin = plugin;
+    entry.sender = sender;
+    return append(std::move(entry));
 }
 
 void Journal::addAnswer(int command, const QJsonArray& answer)
@@ -110,7 +127,9 @@ void Journal::closeCommand()
 
 void Journal::addMessage(const QString& source, const QString& level, const QString& text)
 {
-    m_answered = -1;
+    if (m_answered >= 0 && at(m_answered).plugin == source) {
+        m_answered = -1;
+    }
     append(EntryKind::Message, level, source, text);
 }
 
@@ -142,21 +161,6 @@ QString Journal::remark(const JournalEntry& entry) const
     return entry.repeats > 1 ? tr("[%1 times]").arg(QString::number(entry.repeats)) : QString();
 }
 
-QString Journal::summary(int index, int limit) const
-{
-    const JournalEntry& entry = at(index);
-    QString text = entry.text.left(limit);
-    if (!entry.subject.isEmpty()) {
-        text.prepend(entry.subject + QLatin1String(": "));
-    }
-    for (const QString& prefix : {entry.level, remark(entry)}) {
-        if (!prefix.isEmpty()) {
-            text.prepend(prefix + QLatin1Char(' '));
-        }
-    }
-    return text;
-}
-
 QString Journal::line(int index) const
 {
     const JournalEntry& entry = at(index);
@@ -165,6 +169,7 @@ QString Journal::line(int index) const
                        entryKindName(entry.kind),
                        entry.level,
                        remark(entry),
+                       entry.sender.isEmpty() ? QString() : tr("for %1 from %2").arg(entry.plugin, entry.sender),
                        entry.subject,
                        wholeText(entry)}
         .join(QLatin1Char('\t'));

@@ -28,11 +28,13 @@ struct JournalEntry {
     QString text;    ///< value, payload, answer or words; of a long value read only the beginning
     QJsonValue value = QJsonValue::Undefined; ///< that value, shared with its owner
     int repeats = 1;                          ///< the same read so many times in a row
+    QString plugin;                           ///< for which plug-in a command was sent
+    QString sender;                           ///< class of the object that sent it
     bool untold = false;                      ///< a command after which the operator was told nothing
 };
 
-/// Everything that happens, in order. A command counts as told when an operator message follows its answer
-/// before the next command and before control returns to the event loop; any other is marked.
+/// Everything that happens, in order. A command counts as told when an operator message of its plug-in follows
+/// its answer before the next command and before control returns to the event loop; any other is marked.
 class Journal : public QObject
 {
     Q_OBJECT
@@ -46,18 +48,15 @@ public:
     /// Equal reads in a row become one entry that counts them.
     void addRead(const QString& subject, const QJsonValue& value);
     /// Returns the index of the entry, for addAnswer.
-    int addCommand(const QString& name, const QJsonValue& argument);
+    int addCommand(const QString& plugin, const QString& name, const QJsonValue& argument, const QString& sender);
     void addAnswer(int command, const QJsonArray& answer);
     void addMessage(const QString& source, const QString& level, const QString& text);
     void addLog(const QString& subject, const QString& level, const QString& text);
     void addHostCall(const QString& subject, const QString& text);
     void addNotice(const QString& level, const QString& text);
 
-    /// Number, time, kind, level, remark, subject and the whole text, parted by tabs: one line per entry.
+    /// Number, time, kind, level, remark, sender, subject and the whole text, parted by tabs: one line per entry.
     QString line(int index) const;
-    /// Level, subject and at most limit characters of the text. The mark of an untold command or the count of
-    /// equal reads comes first, where a narrow column can't hide it.
-    QString summary(int index, int limit) const;
 
     static QString compact(const QJsonValue& value);
 
@@ -68,6 +67,7 @@ signals:
 private:
     static QString wholeText(const JournalEntry& entry);
     QString remark(const JournalEntry& entry) const;
+    int append(JournalEntry entry);
     int append(EntryKind kind, const QString& level, const QString& subject, const QString& text);
     void closeCommand();
 

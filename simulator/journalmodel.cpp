@@ -2,6 +2,7 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -13,6 +14,50 @@ namespace
 
 /// A cell shows one line; laying out a whole node for it would cost more than everything else in the table.
 constexpr int kLongestCell = 300;
+/// A tooltip must fit on the screen; the whole is in the detail.
+constexpr int kLongestToolTip = 800;
+constexpr int kToolTipLines = 20;
+
+bool holdsJson(EntryKind kind)
+{
+    return kind == EntryKind::Read || kind == EntryKind::Command || kind == EntryKind::Answer;
+}
+
+QString indented(const JournalEntry& entry)
+{
+    if (!holdsJson(entry.kind)) {
+        return entry.text;
+    }
+    const QString text = entry.value.isUndefined() ? entry.text : Journal::compact(entry.value);
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
+    return document.isNull() ? text : QString::fromUtf8(document.toJson()).trimmed();
+}
+
+/// What identifies the entry comes first: a narrow column shows nothing else.
+QString what(const JournalEntry& entry)
+{
+    QStringList head;
+    if (entry.kind != EntryKind::Notice) {
+        head.append(entry.subject);
+    }
+    head.append(entry.level);
+    if (entry.repeats > 1) {
+        head.append(JournalModel::tr("(%1 times)").arg(QString::number(entry.repeats)));
+    }
+    head.removeAll(QString());
+    const QString text = entry.text.left(kLongestCell);
+    return head.isEmpty() ? text : head.join(QLatin1Char(' ')) + QLatin1String(": ") + text;
+}
+
+/// Rich text, since Qt wraps no other in a tooltip.
+QString toolTip(const QString& detail)
+{
+    QString text = detail.section(QLatin1Char('\n'), 0, kToolTipLines - 1).left(kLongestToolTip);
+    if (text.size() < detail.size()) {
+        text += QLatin1String(" ...");
+    }
+    return QStringLiteral("<p style=\"white-space: pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+}
 
 QVariant colourOf(const JournalEntry& entry, int role)
 {
@@ -85,12 +130,38 @@ QString JournalModel::cell(int entry, int column) const
     case Number:
         return QString::number(item.number);
     case Time:
-        return item.time.toString(QStringLiteral("HH:mm:ss.zzz"));
+        return item.time.toString(QStringLiteral("HH:mm:ss"));
     case Kind:
-        return entryKindName(item.kind);
+        return item.untold ? untoldMark() : entryKindName(item.kind);
     default:
-        return m_journal->summary(entry, kLongestCell);
+        return what(item);
     }
+}
+
+QString JournalModel::untoldMark()
+{
+    return tr("cmd, untold");
+}
+
+QString JournalModel::detail(int row) const
+{
+    const JournalEntry& entry = m_journal->at(entryOf(row));
+    const QString blank(QLatin1Char(' '));
+    QStringList head = {QString::number(entry.number), entry.time.toString(QStringLiteral("HH:mm:ss.zzz")),
+                        entryKindName(entry.kind), entry.level, entry.subject};
+    head.removeAll(QString());
+    QStringList lines = {head.join(blank)};
+    if (entry.untold) {
+        lines.append(tr("[operator was told nothing]"));
+    }
+    if (entry.repeats > 1) {
+        lines.append(tr("[%1 times]").arg(QString::number(entry.repeats)));
+    }
+    if (!entry.sender.isEmpty()) {
+        lines.append(tr("for %1 from %2").arg(entry.plugin, entry.sender));
+    }
+    lines.append(indented(entry));
+    return lines.join(QLatin1Char('\n'));
 }
 
 QVariant JournalModel::data(const QModelIndex& index, int role) const
@@ -101,6 +172,9 @@ QVariant JournalModel::data(const QModelIndex& index, int role) const
     const int entry = entryOf(index.row());
     if (role == Qt::DisplayRole) {
         return cell(entry, index.column());
+    }
+    if (role == Qt::ToolTipRole) {
+        return toolTip(detail(index.row()));
     }
     return colourOf(m_journal->at(entry), role);
 }

@@ -4,7 +4,6 @@
 #include "simulator/journal.h"
 
 #include <QAbstractTableModel>
-#include <QSet>
 
 #include <vector>
 
@@ -27,6 +26,11 @@ public:
 
     /// Index in the journal of a row of this table.
     int entryOf(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
+
+    /// The whole of a row for reading: remarks in words, JSON indented.
+    QString detail(int row) const;
+    /// What the column Kind shows for a command after which the operator was told nothing.
+    static QString untoldMark();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -18,8 +19,12 @@ namespace sim
 
 namespace
 {
+constexpr int kNarrow = 380;
+constexpr int kCellPadding = 10;
 constexpr int kFilterColumns = 4;
-constexpr int kDetailLines = 5;
+constexpr int kTableHeight = 500; ///< to begin with; it takes whatever the detail leaves
+constexpr int kDetailLines = 7;
+constexpr int kFewestDetailLines = 2;
 } // namespace
 
 JournalView::JournalView(const Journal* journal, QWidget* parent)
@@ -30,14 +35,13 @@ JournalView::JournalView(const Journal* journal, QWidget* parent)
       m_detail(new QPlainTextEdit(this))
 {
     setUpTable();
+    m_detail->setObjectName(QStringLiteral("journalDetail"));
     m_detail->setReadOnly(true);
-    m_detail->setFixedHeight(kDetailLines * m_detail->fontMetrics().lineSpacing() + 12);
     m_detail->setPlaceholderText(tr("Select an entry to read the whole of it."));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addLayout(createFilter());
-    layout->addWidget(m_table, 1);
-    layout->addWidget(m_detail);
+    layout->addWidget(createSplitter(), 1);
     layout->addLayout(createButtons());
 
     auto* shortcut = new QShortcut(QKeySequence::Copy, m_table);
@@ -46,7 +50,11 @@ JournalView::JournalView(const Journal* journal, QWidget* parent)
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &JournalView::follow);
     connect(m_model, &QAbstractItemModel::modelReset, this, &JournalView::follow);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &JournalView::showCurrent);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, &JournalView::showCurrent);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& changed) {
+        if (changed.row() == m_table->currentIndex().row()) {
+            showCurrent();
+        }
+    });
     connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this](int value) { m_following = value == m_table->verticalScrollBar()->maximum(); });
 }
@@ -62,17 +70,41 @@ void JournalView::setUpTable()
     const QFontMetrics metrics = m_table->fontMetrics();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(metrics.height() + 6);
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    int kindWidth = 0;
+    int kindWidth = metrics.horizontalAdvance(JournalModel::untoldMark());
     for (int kind = 0; kind < kEntryKinds; ++kind) {
         kindWidth = qMax(kindWidth, metrics.horizontalAdvance(entryKindName(static_cast<EntryKind>(kind))));
     }
     const int widths[] = {metrics.horizontalAdvance(QStringLiteral("00000")),
-                          metrics.horizontalAdvance(QStringLiteral("00:00:00.000")), kindWidth};
+                          metrics.horizontalAdvance(QStringLiteral("00:00:00")), kindWidth};
     for (int column = JournalModel::Number; column < JournalModel::What; ++column) {
-        m_table->setColumnWidth(column, widths[column] + 14);
+        m_table->setColumnWidth(column, widths[column] + kCellPadding);
     }
+}
+
+void JournalView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // In a narrow view the numbers give the order and the detail the time; what happened needs the room.
+    m_table->setColumnHidden(JournalModel::Time, width() < kNarrow);
+}
+
+QWidget* JournalView::createSplitter()
+{
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->addWidget(m_table);
+    splitter->addWidget(m_detail);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
+    const int line = m_detail->fontMetrics().lineSpacing();
+    constexpr int kFrame = 12;
+    m_detail->setMinimumHeight(kFewestDetailLines * line + kFrame);
+    splitter->setSizes({kTableHeight, kDetailLines * line + kFrame});
+    return splitter;
 }
 
 QLayout* JournalView::createFilter()
@@ -118,10 +150,7 @@ void JournalView::follow()
 void JournalView::showCurrent()
 {
     const QModelIndex current = m_table->currentIndex();
-    const QString text =
-        current.isValid()
-            ? m_journal->line(m_model->entryOf(current.row())).replace(QLatin1Char('\t'), QLatin1Char(' '))
-            : QString();
+    const QString text = current.isValid() ? m_model->detail(current.row()) : QString();
     if (text != m_detail->toPlainText()) {
         m_detail->setPlainText(text);
     }

@@ -30,9 +30,13 @@ public slots:
     void copySelection() const;
     void copyAll() const;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QLayout* createFilter();
     QLayout* createButtons();
+    QWidget* createSplitter();
     void setUpTable();
     void follow();
     void showCurrent();

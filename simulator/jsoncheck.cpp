@@ -1,5 +1,6 @@
 #include "simulator/jsoncheck.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace sim
@@ -75,8 +76,9 @@ QString JsonCheck::text(const QJsonValue& value, const JsonPath& path)
 QString JsonCheck::name(const QJsonValue& value, const JsonPath& path)
 {
     QString name = value.toString();
-    if (name.isEmpty() || name.trimmed() != name) {
-        fail(path, tr("expected a name (not empty, no blanks around it)"));
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    if (name.isEmpty() || name.trimmed() != name || std::any_of(name.cbegin(), name.cend(), isControl)) {
+        fail(path, tr("expected a name (not empty, no blanks around it, no control characters)"));
     }
     return name;
 }
@@ -93,14 +95,15 @@ QString JsonCheck::word(const QJsonValue& value, const JsonPath& path, const QSt
 void JsonCheck::members(const QJsonObject& object, const JsonPath& path, const QStringList& required,
                         const QStringList& optional)
 {
-    for (const QString& key : required) {
-        if (!object.contains(key)) {
-            fail(path / key, tr("missing"));
-        }
-    }
+    // The unknown ones first: of a misspelt member, which is also a missing one, this is what can be pointed at.
     for (auto member = object.constBegin(); member != object.constEnd(); ++member) {
         if (!required.contains(member.key()) && !optional.contains(member.key())) {
             fail(path / member.key(), tr("unknown member"));
+        }
+    }
+    for (const QString& key : required) {
+        if (!object.contains(key)) {
+            fail(path / key, tr("missing"));
         }
     }
 }

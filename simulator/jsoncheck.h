@@ -39,7 +39,7 @@ public:
     double number(const QJsonValue& value, const JsonPath& path, double minimum, double maximum);
     int whole(const QJsonValue& value, const JsonPath& path, int minimum, int maximum);
     QString text(const QJsonValue& value, const JsonPath& path);
-    /// A text that is neither empty nor surrounded by blanks.
+    /// A text that is neither empty nor surrounded by blanks and has no control characters.
     QString name(const QJsonValue& value, const JsonPath& path);
     /// One of the given words; case and surrounding blanks don't count.
     QString word(const QJsonValue& value, const JsonPath& path, const QStringList& words);

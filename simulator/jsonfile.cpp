@@ -51,25 +51,53 @@ const Json::Value* child(const Json::Value& parent, const QVariant& step)
     return parent.isObject() ? parent.find(key.constData(), key.constData() + key.size()) : nullptr;
 }
 
-/// The first complaint of the locating reader: "* Line 3, Column 5\n  Duplicate key: 'x'\n".
+FileFault syntaxFault(const QString& path, int line, const QString& words)
+{
+    return {path, line, {}, JsonFile::tr("not JSON: %1").arg(words)};
+}
+
+/// The first complaint of the locating reader: "* Line 3, Column 5\n  Duplicate key: 'x'\n". A key in it may have
+/// line breaks of its own.
 FileFault readerFault(const QString& path, const std::string& errors)
 {
-    static const QRegularExpression pattern(QStringLiteral("Line (\\d+), Column \\d+\\s+([^\\n]*)"));
+    static const QRegularExpression pattern(
+        QStringLiteral("Line (\\d+), Column \\d+\n  (.*?)\n(?:\\* Line|See Line|\\z)"),
+        QRegularExpression::DotMatchesEverythingOption);
     const QString all = QString::fromStdString(errors);
     const QRegularExpressionMatch match = pattern.match(all);
     if (!match.hasMatch()) {
-        return {path, 0, {}, all.simplified()};
+        return syntaxFault(path, 0, all.simplified());
     }
-    return {path, match.captured(1).toInt(), {}, match.captured(2)};
+    const QString words = match.captured(2);
+    return syntaxFault(path, match.captured(1).toInt(), words.left(1).toLower() + words.mid(1));
+}
+
+QString escaped(const QString& text)
+{
+    QString result;
+    for (const QChar c : text) {
+        if (c.category() == QChar::Other_Control) {
+            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+        } else {
+            result += c;
+        }
+    }
+    return result;
 }
 
 std::optional<QByteArray> readBytes(const QString& path, FileFault* fault)
 {
-    QFile file(path);
-    if (QFileInfo(path).isDir()) {
+    const QFileInfo info(path);
+    if (info.isDir()) {
         *fault = {path, 0, {}, JsonFile::tr("is a folder")};
         return std::nullopt;
     }
+    // A pipe or a device could keep the reader waiting for ever.
+    if (info.exists() && !info.isFile()) {
+        *fault = {path, 0, {}, JsonFile::tr("is no regular file")};
+        return std::nullopt;
+    }
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         *fault = {path, 0, {}, JsonFile::tr("can't be read: %1").arg(file.errorString())};
         return std::nullopt;
@@ -111,7 +139,7 @@ JsonPath JsonPath::operator/(int position) const
 
 QString JsonPath::toString() const
 {
-    static const QRegularExpression plain(QStringLiteral("^\\w+$"));
+    static const QRegularExpression plain(QRegularExpression::anchoredPattern(QStringLiteral("\\w+")));
     QString text;
     for (const QVariant& step : m_steps) {
         const QString name = step.toString();
@@ -133,7 +161,7 @@ QString FileFault::message() const
         place += QLatin1Char(':') + QString::number(line);
     }
     place += QLatin1String(": ");
-    return member.isEmpty() ? place + text : place + member + QLatin1String(": ") + text;
+    return escaped(member.isEmpty() ? place + text : place + member + QLatin1String(": ") + text);
 }
 
 std::optional<JsonFile> JsonFile::read(const QString& path, FileFault* fault)
@@ -145,7 +173,7 @@ std::optional<JsonFile> JsonFile::read(const QString& path, FileFault* fault)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(*text, &error);
     if (error.error != QJsonParseError::NoError) {
-        *fault = {path, lineAt(*text, error.offset), {}, tr("not JSON: %1").arg(error.errorString())};
+        *fault = syntaxFault(path, lineAt(*text, error.offset), error.errorString());
         return std::nullopt;
     }
     Json::Value located;

@@ -34,7 +34,8 @@ struct FileFault {
     QString member; ///< empty: no particular member
     QString text;
 
-    /// "cell.json:42: registers[3].len: expected a whole number from 1 to 1000"
+    /// "cell.json:42: registers[3].len: expected a whole number from 1 to 1000". Control characters, as a
+    /// member's name may have them, are escaped.
     QString message() const;
 };
 
@@ -44,8 +45,8 @@ class JsonFile
     Q_DECLARE_TR_FUNCTIONS(sim::JsonFile)
 
 public:
-    /// Reads a file of at most 16 MiB. A file that can't be read, is no JSON object in UTF-8 or gives a
-    /// member twice yields nothing and fills fault.
+    /// Reads a regular file of at most 16 MiB, also through links. A file that can't be read, is no JSON object
+    /// in UTF-8 or gives a member twice yields nothing and fills fault.
     static std::optional<JsonFile> read(const QString& path, FileFault* fault);
 
     const QJsonObject& root() const { return m_root; }

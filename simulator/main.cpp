@@ -1,4 +1,5 @@
 #include "simulator/cellfile.h"
+#include "simulator/childprocess.h"
 #include "simulator/exitcodes.h"
 #include "simulator/options.h"
 #include "simulator/pendantwindow.h"
@@ -7,8 +8,11 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSaveFile>
+#include <QTemporaryFile>
 
 #include <cstdio>
+#include <cstring>
 
 using namespace sim;
 
@@ -27,15 +31,35 @@ ParsedOptions readOptions(int argc, char* argv[])
     return parseOptions(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
 }
 
-/// With no display there is nobody to work the window: the tour does.
-void chooseDisplay(Options* options)
+/// Whether a window can be opened. Qt ends the process when a display that is named can't be reached, so that
+/// is found out in another one.
+bool canShowWindows(int argc, char* argv[])
 {
-    const bool hasDisplay = !qEnvironmentVariableIsEmpty("DISPLAY") ||
-                            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-                            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-    if (!hasDisplay && options->checkFile.isEmpty() && options->tourFolder.isEmpty()) {
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        return true;
+    }
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+        return false;
+    }
+    const auto openDisplay = [&] {
+        const QGuiApplication probe(argc, argv);
+        return 0;
+    };
+    const ChildEnd end = runInChild(openDisplay, true);
+    return end.signal == 0 && end.exitCode == 0;
+}
+
+/// With no display there is nobody to work the window: the tour does.
+void chooseDisplay(int argc, char* argv[], Options* options)
+{
+    const bool needsDisplay = options->checkFile.isEmpty() && options->tourFolder.isEmpty();
+    if (needsDisplay && !canShowWindows(argc, argv)) {
         options->tourFolder = QStringLiteral("./pendant-tour");
         print(stdout, QStringLiteral("pendant: no display; running the tour into %1").arg(options->tourFolder));
+    }
+    if (!options->tourFolder.isEmpty() && !options->stateFile.isEmpty()) {
+        print(stdout, QStringLiteral("pendant: the tour neither reads nor writes %1").arg(options->stateFile));
+        options->stateFile.clear();
     }
     if (!options->tourFolder.isEmpty() || !options->checkFile.isEmpty()) {
         // 96: the density at which the pages are designed; this platform's own default is another.
@@ -60,13 +84,19 @@ std::optional<Cell> readCellAndState(const Options& options, QJsonObject* kept)
             *kept = *state;
         }
     }
+    QSaveFile probe(options.stateFile);
+    if (cell && !options.stateFile.isEmpty() && !probe.open(QIODevice::WriteOnly)) {
+        fault.file = options.stateFile;
+        fault.text = QStringLiteral("can't be written: %1").arg(probe.errorString());
+        cell.reset();
+    }
     if (!cell) {
         print(stderr, QStringLiteral("pendant: %1").arg(fault.message()));
     }
     return cell;
 }
 
-int check(SimHost* host, const QString& file)
+int loadOnly(SimHost* host, const QString& file)
 {
     PluginLoader loader(host);
     const LoadResult result = loader.load(file);
@@ -75,10 +105,16 @@ int check(SimHost* host, const QString& file)
     return static_cast<int>(result.fault);
 }
 
+/// Whether a file can be made in the folder, which is made first if need be.
+bool isWritableFolder(const QString& folder)
+{
+    return QDir().mkpath(folder) && QTemporaryFile(QDir(folder).filePath(QStringLiteral("probe"))).open();
+}
+
 int runTour(PendantWindow* window, SimulatedController* controller, const Journal* journal, const QString& folder)
 {
-    if (!QDir().mkpath(folder)) {
-        print(stderr, QStringLiteral("pendant: the folder %1 can't be made").arg(folder));
+    if (!isWritableFolder(folder)) {
+        print(stderr, QStringLiteral("pendant: nothing can be written to the folder %1").arg(folder));
         return ExitBadInput;
     }
     Tour tour(window, controller, journal, QDir(folder));
@@ -101,7 +137,7 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
         window.addPlugin(result);
     }
     // The plug-ins are there: the connection to the controller comes up.
-    emit host->sigNetworkConnect();
+    host->announceConnection();
     if (!options.tourFolder.isEmpty()) {
         return runTour(&window, controller, journal, options.tourFolder);
     }
@@ -109,21 +145,8 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
     return QApplication::exec();
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+int run(int argc, char* argv[], const Options& options)
 {
-    ParsedOptions parsed = readOptions(argc, argv);
-    if (!parsed.helpText.isEmpty()) {
-        print(stdout, parsed.helpText);
-        return ExitOk;
-    }
-    if (!parsed.error.isEmpty()) {
-        print(stderr, QStringLiteral("pendant: %1 (--help lists the options)").arg(parsed.error));
-        return ExitBadInput;
-    }
-    Options& options = parsed.options;
-    chooseDisplay(&options);
     QApplication application(argc, argv);
     // The same look on every desk; plug-ins see what a pendant without a desktop theme shows them.
     QApplication::setStyle(QStringLiteral("Fusion"));
@@ -142,5 +165,32 @@ int main(int argc, char* argv[])
     Journal journal;
     SimHost host(&controller, &journal);
     return options.checkFile.isEmpty() ? runWindow(options, &controller, &journal, &host)
-                                       : check(&host, options.checkFile);
+                                       : loadOnly(&host, options.checkFile);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    ParsedOptions parsed = readOptions(argc, argv);
+    if (!parsed.helpText.isEmpty()) {
+        print(stdout, parsed.helpText);
+        return ExitOk;
+    }
+    if (!parsed.error.isEmpty()) {
+        print(stderr, QStringLiteral("pendant: %1 (--help lists the options)").arg(parsed.error));
+        return ExitBadInput;
+    }
+    Options& options = parsed.options;
+    chooseDisplay(argc, argv, &options);
+    if (options.checkFile.isEmpty()) {
+        return run(argc, argv, options);
+    }
+    const ChildEnd end = runInChild([&] { return run(argc, argv, options); }, false);
+    if (end.signal != 0) {
+        print(stdout, QStringLiteral("%1: crashed while it was loaded: %2")
+                          .arg(options.checkFile, QString::fromLocal8Bit(strsignal(end.signal))));
+        return static_cast<int>(LoadFault::Crashed);
+    }
+    return end.exitCode;
 }

@@ -3,7 +3,8 @@
 #include "simulator/simhost.h"
 
 #include <QHeaderView>
-#include <QResizeEvent>
+#include <QScrollBar>
+#include <QTextDocument>
 #include <QTime>
 #include <QTimer>
 
@@ -14,8 +15,6 @@ namespace
 {
 
 enum Column { Time, Level, Source, Text, ColumnCount };
-
-constexpr int kVisibleRows = 4;
 
 QColor levelColour(int level)
 {
@@ -40,7 +39,19 @@ MessageArea::MessageArea(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     verticalHeader()->hide();
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
+    // A message may be higher than the area: by whole rows its end would be out of reach.
+    setVerticalScrollMode(ScrollPerPixel);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        m_following = value == verticalScrollBar()->maximum();
+        queueFit();
+    });
+    // Measured rows reach the range only later, when a timer of the table says so.
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &MessageArea::queueFit);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+        ++m_currentMeasuring;
+        queueFit();
+    });
     measure();
 }
 
@@ -48,8 +59,11 @@ void MessageArea::measure()
 {
     horizontalHeader()->setFont(font());
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    verticalScrollBar()->setSingleStep(verticalHeader()->defaultSectionSize());
     setColumnWidth(Time, fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) + 16);
     setColumnWidth(Level, fontMetrics().horizontalAdvance(messageLevelName(pendix::information)) + 16);
+    ++m_currentMeasuring;
+    queueFit();
 }
 
 void MessageArea::changeEvent(QEvent* event)
@@ -63,28 +77,59 @@ void MessageArea::changeEvent(QEvent* event)
 void MessageArea::resizeEvent(QResizeEvent* event)
 {
     QTableWidget::resizeEvent(event);
-    if (event->size().width() != event->oldSize().width()) {
-        fitRows();
-    }
+    queueFit();
 }
 
-void MessageArea::fitRows()
+void MessageArea::queueFit()
 {
-    // A history is measured once per turn of the event loop, not for every pixel of a drag.
+    // Once per turn of the event loop, not for every message of a burst or every pixel of a drag.
     if (m_fitQueued) {
         return;
     }
     m_fitQueued = true;
     QTimer::singleShot(0, this, [this] {
         m_fitQueued = false;
-        resizeRowsToContents();
-        scrollToBottom();
+        fit();
     });
+}
+
+void MessageArea::fitRow(int row)
+{
+    int& measuring = m_measuring.at(static_cast<std::size_t>(row));
+    if (measuring != m_currentMeasuring) {
+        measuring = m_currentMeasuring;
+        resizeRowToContents(row);
+    }
+}
+
+void MessageArea::fit()
+{
+    const int height = viewport()->height();
+    if (m_following) {
+        int filled = 0;
+        for (int row = rowCount() - 1; row >= 0 && filled < height; --row) {
+            fitRow(row);
+            filled += rowHeight(row);
+        }
+        scrollToBottom();
+        m_following = true;
+        return;
+    }
+    // What is at the top stays where it is.
+    for (int row = qMax(0, rowAt(0)); row < rowCount() && rowViewportPosition(row) < height; ++row) {
+        fitRow(row);
+    }
+}
+
+void MessageArea::setVisibleRows(int rows)
+{
+    m_visibleRows = rows;
+    updateGeometry();
 }
 
 QSize MessageArea::sizeHint() const
 {
-    const int rows = kVisibleRows * verticalHeader()->defaultSectionSize();
+    const int rows = m_visibleRows * verticalHeader()->defaultSectionSize();
     return {QTableWidget::sizeHint().width(), horizontalHeader()->sizeHint().height() + rows + 2 * frameWidth()};
 }
 
@@ -97,11 +142,11 @@ void MessageArea::add(const QString& source, int level, const QString& text)
     for (int column = 0; column < cells.size(); ++column) {
         auto* item = new QTableWidgetItem(cells.at(column));
         item->setForeground(levelColour(level));
-        item->setToolTip(text);
+        item->setToolTip(Qt::convertFromPlainText(text));
         setItem(row, column, item);
     }
-    resizeRowToContents(row);
-    scrollToBottom();
+    m_measuring.push_back(m_currentMeasuring - 1);
+    queueFit();
 }
 
 } // namespace sim

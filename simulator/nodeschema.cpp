@@ -78,37 +78,41 @@ constexpr Member kParameterSet[] = {
     {"process_job", Kind::Number},
 };
 
+/// What a signal can be tied to: its own kind of port (type 0) or a register (2), some also to a group port (1).
+enum class TypeChoice { Two, Three };
+
 /// One signal of the I/O mapping: prefix of its members and, when it can be switched off, that switch.
 struct Signal {
     const char* key;
     const char* enabledKey;
+    TypeChoice types;
 };
 
 constexpr Signal kSignals[] = {
-    {"laser_enable", nullptr},
-    {"power", "power_enabled"},
-    {"frequency", "frequency_enabled"},
-    {"duty_cycle", "duty_cycle_enabled"},
-    {"red_light", "red_light_enabled"},
-    {"gas_protect", nullptr},
-    {"wire_speed", "wire_speed_enabled"},
-    {"wire_feed", "wire_feed_enabled"},
-    {"retract_direction", "retract_direction_enabled"},
-    {"manual_wire_feed", "manual_wire_feed_enabled"},
-    {"manual_retract", "manual_retract_enabled"},
-    {"adhesion_detection_en", "adhesion_detection_enabled"},
-    {"descent_signal", "descent_signal_enabled"},
-    {"swing_job", "swing_job_enabled"},
-    {"process_job", "process_job_enabled"},
-    {"power_feedback", "power_feedback_enabled"},
-    {"light_feedback", "light_feedback_enabled"},
-    {"laser_alarm", "laser_alarm_enabled"},
-    {"shield_gas_feedback", "shield_gas_feedback_enabled"},
-    {"wire_speed_feedback", "wire_speed_feedback_enabled"},
-    {"wire_feed_feedback", "wire_feed_feedback_enabled"},
-    {"wire_feeder_alarm", "wire_feeder_alarm_enabled"},
-    {"adhesion_detection_feedback", "adhesion_detection_feedback_enabled"},
-    {"external_alarm", "external_alarm_enabled"},
+    {"laser_enable", nullptr, TypeChoice::Two},
+    {"power", "power_enabled", TypeChoice::Three},
+    {"frequency", "frequency_enabled", TypeChoice::Three},
+    {"duty_cycle", "duty_cycle_enabled", TypeChoice::Three},
+    {"red_light", "red_light_enabled", TypeChoice::Two},
+    {"gas_protect", nullptr, TypeChoice::Two},
+    {"wire_speed", "wire_speed_enabled", TypeChoice::Three},
+    {"wire_feed", "wire_feed_enabled", TypeChoice::Two},
+    {"retract_direction", "retract_direction_enabled", TypeChoice::Two},
+    {"manual_wire_feed", "manual_wire_feed_enabled", TypeChoice::Two},
+    {"manual_retract", "manual_retract_enabled", TypeChoice::Two},
+    {"adhesion_detection_en", "adhesion_detection_enabled", TypeChoice::Two},
+    {"descent_signal", "descent_signal_enabled", TypeChoice::Two},
+    {"swing_job", "swing_job_enabled", TypeChoice::Two},
+    {"process_job", "process_job_enabled", TypeChoice::Two},
+    {"power_feedback", "power_feedback_enabled", TypeChoice::Three},
+    {"light_feedback", "light_feedback_enabled", TypeChoice::Two},
+    {"laser_alarm", "laser_alarm_enabled", TypeChoice::Two},
+    {"shield_gas_feedback", "shield_gas_feedback_enabled", TypeChoice::Two},
+    {"wire_speed_feedback", "wire_speed_feedback_enabled", TypeChoice::Three},
+    {"wire_feed_feedback", "wire_feed_feedback_enabled", TypeChoice::Two},
+    {"wire_feeder_alarm", "wire_feeder_alarm_enabled", TypeChoice::Two},
+    {"adhesion_detection_feedback", "adhesion_detection_feedback_enabled", TypeChoice::Two},
+    {"external_alarm", "external_alarm_enabled", TypeChoice::Two},
 };
 
 /// One characteristic curve: member with the number of its points, member with the points.
@@ -123,6 +127,10 @@ constexpr Curve kCurves[] = {
     {"laser_frequency_node", "frequency_nodes_data"},
     {"laser_dutycycle_node", "dutycycle_nodes_data"},
 };
+
+constexpr char kType[] = "_type";
+constexpr char kPort[] = "_port";
+constexpr char kBias[] = "_bias";
 
 constexpr int kParameterSets = 30;
 constexpr int kMatchTables = 10;
@@ -154,7 +162,7 @@ void checkMembers(JsonCheck& check, const Member (&rows)[N], const QJsonObject& 
     }
 }
 
-/// A list of count (0: any number of) rows of numbers.
+/// A list of any number of rows, each with one number per column.
 void checkRows(JsonCheck& check, const QJsonValue& value, const JsonPath& path, int columns)
 {
     const QJsonArray rows = check.array(value, path);
@@ -169,26 +177,37 @@ void checkRows(JsonCheck& check, const QJsonValue& value, const JsonPath& path, 
     }
 }
 
+void checkType(JsonCheck& check, const QJsonValue& value, const JsonPath& path, TypeChoice types)
+{
+    constexpr int kGroupPort = 1;
+    if (check.whole(value, path, 0, 2) == kGroupPort && types == TypeChoice::Two) {
+        check.fail(path, JsonCheck::tr("expected 0 or 2"));
+    }
+}
+
 void checkIo(JsonCheck& check, const QJsonObject& node, const JsonPath& path)
 {
+    const auto member = [](const Signal& signal, const char* end) {
+        return QLatin1String(signal.key) + QLatin1String(end);
+    };
     QStringList keys;
     for (const Signal& signal : kSignals) {
-        const QString prefix = QLatin1String(signal.key);
-        keys << prefix + QLatin1String("_type") << prefix + QLatin1String("_port") << prefix + QLatin1String("_bias");
+        keys << member(signal, kType) << member(signal, kPort) << member(signal, kBias);
         if (signal.enabledKey != nullptr) {
             keys << QLatin1String(signal.enabledKey);
         }
     }
     check.members(node, path, keys);
-    for (const QString& key : keys) {
-        if (key.endsWith(QLatin1String("_type"))) {
-            check.whole(node.value(key), path / key, 0, 2);
-        } else if (key.endsWith(QLatin1String("_port"))) {
-            check.text(node.value(key), path / key);
-        } else if (key.endsWith(QLatin1String("_bias"))) {
-            check.whole(node.value(key), path / key, 0, kLongestRegister - 1);
-        } else {
-            check.boolean(node.value(key), path / key);
+    for (const Signal& signal : kSignals) {
+        const QString type = member(signal, kType);
+        const QString port = member(signal, kPort);
+        const QString bias = member(signal, kBias);
+        checkType(check, node.value(type), path / type, signal.types);
+        check.text(node.value(port), path / port);
+        check.whole(node.value(bias), path / bias, 0, kLongestRegister - 1);
+        if (signal.enabledKey != nullptr) {
+            const QString enabled = QLatin1String(signal.enabledKey);
+            check.boolean(node.value(enabled), path / enabled);
         }
     }
 }

@@ -25,8 +25,9 @@ QStringList nodeNames();
 /// The values that exist beside the nodes.
 QStringList valueNames();
 
-/// Checks that a node has exactly the members it must have, each of the right type. Numbers are not held to
-/// the ranges of a form: what a form makes of an odd number is something to try out.
+/// Checks that a node has exactly the members it must have, each of the right type. What counts or selects
+/// something must be able to; quantities are not held to the ranges of a form: what a form makes of an odd one is
+/// something to try out.
 void checkNode(JsonCheck& check, const QString& name, const QJsonValue& node, const JsonPath& path);
 
 /// Checks an object of all nodes; a null stands for a node that the controller does not have.

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QJsonDocument>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -15,6 +16,18 @@ namespace sim
 
 namespace
 {
+
+constexpr char kCurrent[] = "current tool and work object";
+
+QFont fixedFont(int pointSize)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setStyleHint(QFont::Monospace);
+    // Some platforms name a family here that is not fixed at all.
+    font.setFamily(QFontInfo(font).fixedPitch() ? font.family() : QStringLiteral("monospace"));
+    font.setPointSize(pointSize);
+    return font;
+}
 
 QString pretty(const QJsonValue& value)
 {
@@ -38,12 +51,12 @@ NodesPanel::NodesPanel(SimulatedController* controller, QWidget* parent)
         m_choice->addItem(type);
     }
     m_choice->addItems({QStringLiteral("registers"), QStringLiteral("points"), QStringLiteral("tools"),
-                        QStringLiteral("wobjs"), QStringLiteral("speeds"), QStringLiteral("zones"),
-                        QStringLiteral("host settings")});
+                        QStringLiteral("wobjs"), QLatin1String(kCurrent), QStringLiteral("speeds"),
+                        QStringLiteral("zones"), QStringLiteral("host settings")});
     m_choice->setMaxVisibleItems(m_choice->count());
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_text->setFont(fixedFont(font().pointSize()));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_choice);
@@ -77,6 +90,8 @@ QJsonValue NodesPanel::content(const QString& name) const
         {QStringLiteral("points"), QJsonArray::fromStringList(cell.points)},
         {QStringLiteral("tools"), QJsonArray::fromStringList(cell.tools)},
         {QStringLiteral("wobjs"), QJsonArray::fromStringList(cell.wobjs)},
+        {QLatin1String(kCurrent),
+         QJsonObject{{QStringLiteral("tool"), cell.currentTool}, {QStringLiteral("wobj"), cell.currentWobj}}},
         {QStringLiteral("speeds"), QJsonArray::fromStringList(cell.speeds)},
         {QStringLiteral("zones"), QJsonArray::fromStringList(cell.zones)},
         {QStringLiteral("host settings"), cell.hostSettings},

@@ -47,8 +47,9 @@ QString helpText(const QCommandLineParser& parser)
            tr("\nExit codes: 0 all went well, 1 a step of the tour failed, 2 bad options or a refused cell or\n"
               "state file. With --check:\n") +
            loadFaultTable() +
-           tr("\nWithout a display (neither DISPLAY nor WAYLAND_DISPLAY nor QT_QPA_PLATFORM is set) the program\n"
-              "runs the tour into ./pendant-tour.\n");
+           tr("\nWithout a display that can be reached the program runs the tour into ./pendant-tour. The tour\n"
+              "starts from the cell, sets level and power itself, and leaves a state file alone.\n"
+              "QT_QPA_PLATFORM and the other variables of Qt choose another kind of display.\n");
 }
 
 /// The first thing wrong with a command line that the parser could read; empty when it is in order.
@@ -60,6 +61,11 @@ QString complaint(const QCommandLineParser& parser, const OptionSet& set)
     for (const QCommandLineOption& option : {set.cell, set.state, set.plugin, set.check, set.tour}) {
         if (parser.isSet(option) && parser.values(option).contains(QString())) {
             return tr("--%1 needs a name").arg(option.names().first());
+        }
+    }
+    for (const QCommandLineOption& option : {set.cell, set.state, set.check, set.tour, set.level}) {
+        if (parser.values(option).size() > 1) {
+            return tr("--%1 is given more than once").arg(option.names().first());
         }
     }
     if (parser.isSet(set.check) && parser.isSet(set.tour)) {
@@ -80,6 +86,7 @@ ParsedOptions parseOptions(const QStringList& arguments, const QString& programF
 {
     const OptionSet set;
     QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.setApplicationDescription(tr("A teach pendant on the desk: loads its plug-ins as a real one does, with a "
                                         "simulated controller behind them."));
     parser.addOptions(set.all());

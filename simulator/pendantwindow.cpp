@@ -11,8 +11,10 @@
 #include "simulator/stationbar.h"
 
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
@@ -24,10 +26,18 @@ namespace sim
 namespace
 {
 
+/// Below this width the inspector would take room that the page needs.
+constexpr int kNarrow = 1200;
 constexpr int kInspectorWidth = 412;
+constexpr int kNarrowInspectorWidth = 340;
+constexpr int kMessageRows = 4;
+constexpr int kFewMessageRows = 3; ///< where the height is short, for the page
 constexpr int kFramePointSize = 10;
 constexpr int kInspectorPointSize = 9;
 constexpr char kPosition[] = "statusPosition";
+constexpr char kOwner[] = "statusOwner";
+/// The plug-in whose values the controller's true ones are compared with, whatever else is loaded.
+constexpr char kMirroredPlugin[] = "Corvane";
 
 /// For one part of the frame at a time: a font of the window would reach into the plug-ins' pages.
 void setPointSize(QWidget* widget, int size)
@@ -35,6 +45,16 @@ void setPointSize(QWidget* widget, int size)
     QFont font = widget->font();
     font.setPointSize(size);
     widget->setFont(font);
+}
+
+QWidget* findVisible(const QWidget* root, const QString& objectName)
+{
+    for (QWidget* widget : root->findChildren<QWidget*>(objectName)) {
+        if (widget->isVisible()) {
+            return widget;
+        }
+    }
+    return nullptr;
 }
 
 QFrame* separator()
@@ -51,40 +71,67 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
     : QWidget(parent),
       m_controller(controller),
       m_journal(journal),
+      m_station(new StationBar(controller, this)),
+      m_splitter(new QSplitter(Qt::Horizontal, this)),
       m_plugins(new PluginArea(host, this)),
       m_messages(new MessageArea(this)),
       m_notices(new NoticeBar(this)),
       m_statusItems(new QHBoxLayout)
 {
     setWindowTitle(tr("Pendant - SIMULATED"));
-    auto* station = new StationBar(controller, this);
     for (QWidget* part :
-         {static_cast<QWidget*>(station), static_cast<QWidget*>(m_messages), static_cast<QWidget*>(m_notices)}) {
+         {static_cast<QWidget*>(m_station), static_cast<QWidget*>(m_messages), static_cast<QWidget*>(m_notices)}) {
         setPointSize(part, kFramePointSize);
     }
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->addWidget(createPendant());
+    m_splitter->addWidget(createPendant());
     QTabWidget* inspector = createInspector();
-    splitter->addWidget(inspector);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 0);
-    splitter->setCollapsible(0, false);
-    splitter->setSizes({kWidth - kInspectorWidth, kInspectorWidth});
+    m_splitter->addWidget(inspector);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 0);
+    m_splitter->setChildrenCollapsible(false);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new SimulatedMark(this));
-    layout->addWidget(station);
+    layout->addWidget(m_station);
     layout->addWidget(m_notices);
     layout->addWidget(separator());
-    layout->addWidget(splitter, 1);
-    resize(kWidth, kHeight);
+    layout->addWidget(m_splitter, 1);
 
-    connect(station, &StationBar::showPageAgain, this, &PendantWindow::showPageAgain);
-    connect(station, &StationBar::showInspector, inspector, &QWidget::setVisible);
+    connect(m_station, &StationBar::showPageAgain, this, &PendantWindow::showPageAgain);
+    connect(m_station, &StationBar::showInspector, inspector, &QWidget::setVisible);
     connect(host, &SimHost::operatorMessage, m_messages, &MessageArea::add);
     connect(host, &SimHost::statusItemGiven, this, &PendantWindow::addStatusItem);
+    connect(host, &SimHost::pluginWithdrawn, this, &PendantWindow::removeStatusItems);
+    fitIntoScreen();
+}
+
+void PendantWindow::fitIntoScreen()
+{
+    const QSize designed(kWidth, kHeight);
+    const bool isOnADesk = QGuiApplication::platformName() != QLatin1String("offscreen");
+    const QScreen* screen = isOnADesk ? QGuiApplication::primaryScreen() : nullptr;
+    if (screen == nullptr) {
+        fitInto(designed);
+        return;
+    }
+    const QSize available = screen->availableSize();
+    fitInto(available);
+    if (designed.boundedTo(available) != designed) {
+        // Leaves the room for the frame to the window manager, which alone knows it.
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+}
+
+void PendantWindow::fitInto(const QSize& available)
+{
+    resize(QSize(kWidth, kHeight).boundedTo(available));
+    m_messages->setVisibleRows(height() < kHeight ? kFewMessageRows : kMessageRows);
+    const bool isNarrow = width() < kNarrow;
+    const int inspector = isNarrow ? kNarrowInspectorWidth : kInspectorWidth;
+    m_splitter->setSizes({width() - inspector, inspector});
+    m_station->setInspectorShown(!isNarrow);
 }
 
 QWidget* PendantWindow::createPendant()
@@ -113,8 +160,8 @@ QTabWidget* PendantWindow::createInspector()
     auto* inspector = new QTabWidget(this);
     inspector->setObjectName(QStringLiteral("inspector"));
     setPointSize(inspector, kInspectorPointSize);
-    const auto find = [this](const QString& name) { return findShown(name); };
-    const auto statusItem = [this]() -> QWidget* { return m_firstStatusItem; };
+    const auto find = [this](const QString& name) { return mirroredWidget(name); };
+    const auto statusItem = [this] { return mirroredStatusItem(); };
     inspector->addTab(new JournalView(m_journal, inspector), tr("Journal"));
     auto* scroll = new QScrollArea(inspector);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -151,9 +198,23 @@ void PendantWindow::notice(const QString& text)
 
 QWidget* PendantWindow::findShown(const QString& objectName) const
 {
-    for (QWidget* widget : m_plugins->findChildren<QWidget*>(objectName)) {
-        if (widget->isVisible()) {
-            return widget;
+    return findVisible(m_plugins, objectName);
+}
+
+QWidget* PendantWindow::mirroredWidget(const QString& objectName) const
+{
+    const QWidget* page = m_plugins->pageOf(QLatin1String(kMirroredPlugin));
+    return findVisible(page != nullptr ? page : m_plugins, objectName);
+}
+
+QWidget* PendantWindow::mirroredStatusItem() const
+{
+    const QVector<QWidget*> items = statusItems();
+    for (const QString& plugin : {QString::fromLatin1(kMirroredPlugin), m_plugins->currentPlugin()}) {
+        for (QWidget* item : items) {
+            if (item->property(kOwner) == plugin) {
+                return item;
+            }
         }
     }
     return nullptr;
@@ -164,19 +225,35 @@ void PendantWindow::showPageAgain()
     m_plugins->showAgain();
 }
 
-void PendantWindow::addStatusItem(QWidget* item, int position)
+QVector<QWidget*> PendantWindow::statusItems() const
 {
-    // In the order of their positions, between the caption and the stretch that ends the line.
+    // Without the caption before them and the stretch behind them.
+    QVector<QWidget*> items;
+    for (int place = 1; place < m_statusItems->count() - 1; ++place) {
+        items.append(m_statusItems->itemAt(place)->widget());
+    }
+    return items;
+}
+
+void PendantWindow::addStatusItem(const QString& plugin, QWidget* item, int position)
+{
+    item->setProperty(kOwner, plugin);
     item->setProperty(kPosition, position);
+    m_statusItems->removeWidget(item);
     int place = 1;
-    while (place < m_statusItems->count() - 1 &&
-           m_statusItems->itemAt(place)->widget()->property(kPosition).toInt() <= position) {
-        ++place;
+    for (const QWidget* other : statusItems()) {
+        place += other->property(kPosition).toInt() <= position ? 1 : 0;
     }
     m_statusItems->insertWidget(place, item);
     item->show();
-    if (m_firstStatusItem == nullptr) {
-        m_firstStatusItem = item;
+}
+
+void PendantWindow::removeStatusItems(const QString& plugin)
+{
+    for (QWidget* item : statusItems()) {
+        if (item->property(kOwner) == plugin) {
+            delete item;
+        }
     }
 }
 

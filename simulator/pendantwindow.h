@@ -3,10 +3,11 @@
 
 #include "simulator/pluginloader.h"
 
-#include <QPointer>
+#include <QVector>
 #include <QWidget>
 
 class QHBoxLayout;
+class QSplitter;
 class QTabWidget;
 
 namespace sim
@@ -15,6 +16,7 @@ namespace sim
 class MessageArea;
 class NoticeBar;
 class PluginArea;
+class StationBar;
 
 /// The pendant on the desk: simulated mark, station controls, the plug-ins' pages with status line and operator
 /// messages, the inspector at the right. Uses no style sheet of its own: plug-ins style themselves, and a
@@ -28,6 +30,10 @@ public:
     static constexpr int kHeight = 800;
 
     PendantWindow(SimulatedController* controller, Journal* journal, SimHost* host, QWidget* parent = nullptr);
+
+    /// Starts in that room: as large as designed or as it allows. In a narrow window the inspector is hidden at
+    /// first, so that the page has the whole width, and narrower when it is shown.
+    void fitInto(const QSize& available);
 
     /// Shows the pages of a loaded plug-in, or why it did not load.
     void addPlugin(const LoadResult& result);
@@ -47,15 +53,21 @@ public:
 private:
     QWidget* createPendant();
     QTabWidget* createInspector();
-    void addStatusItem(QWidget* item, int position);
+    void fitIntoScreen();
+    void addStatusItem(const QString& plugin, QWidget* item, int position);
+    void removeStatusItems(const QString& plugin);
+    QVector<QWidget*> statusItems() const;
+    QWidget* mirroredStatusItem() const;
+    QWidget* mirroredWidget(const QString& objectName) const;
 
     SimulatedController* m_controller;
     Journal* m_journal;
+    StationBar* m_station;
+    QSplitter* m_splitter;
     PluginArea* m_plugins;
     MessageArea* m_messages;
     NoticeBar* m_notices;
     QHBoxLayout* m_statusItems;
-    QPointer<QWidget> m_firstStatusItem;
 };
 
 } // namespace sim

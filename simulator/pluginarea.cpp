@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QTabBar>
 
 namespace sim
 {
@@ -32,37 +31,61 @@ PluginArea::PluginArea(SimHost* host, QWidget* parent) : QTabWidget(parent), m_h
     setDocumentMode(true);
     tabBar()->setAutoHide(true);
     connect(host, &SimHost::pageGiven, this, &PluginArea::replacePage);
+    connect(host, &SimHost::pluginWithdrawn, this, &PluginArea::withdraw);
 }
 
 void PluginArea::add(const LoadResult& result)
 {
     if (result.fault != LoadFault::None) {
-        m_plugins.append(QString());
         addTab(reasonPage(result), QFileInfo(result.file).fileName());
         return;
     }
     for (int i = 0; i < result.names.size(); ++i) {
-        m_plugins.append(result.names.at(i));
-        addTab(m_host->page(result.names.at(i)), result.labels.at(i));
+        m_labels.insert(result.names.at(i), result.labels.at(i));
+        insertPage(count(), result.names.at(i));
+    }
+}
+
+int PluginArea::tabOf(const QString& plugin) const
+{
+    for (int tab = 0; tab < count(); ++tab) {
+        if (tabBar()->tabData(tab) == plugin) {
+            return tab;
+        }
+    }
+    return -1;
+}
+
+void PluginArea::insertPage(int tab, const QString& plugin)
+{
+    if (QWidget* page = m_host->page(plugin)) {
+        tabBar()->setTabData(insertTab(tab, page, m_labels.value(plugin)), plugin);
     }
 }
 
 void PluginArea::replacePage(const QString& plugin)
 {
-    // A plug-in that is still being loaded has no tab yet; one that hands over another page later has.
-    const int tab = m_plugins.indexOf(plugin);
-    if (tab < 0 || widget(tab) == m_host->page(plugin)) {
+    // A plug-in that is still being loaded is not known here yet; one that hands over another page later is.
+    const int tab = tabOf(plugin);
+    QWidget* former = widget(tab);
+    if (!m_labels.contains(plugin) || (former != nullptr && former == m_host->page(plugin))) {
         return;
     }
-    QWidget* former = widget(tab);
-    const QString label = tabText(tab);
-    const bool current = currentIndex() == tab;
+    const bool current = former != nullptr && currentIndex() == tab;
     removeTab(tab);
-    insertTab(tab, m_host->page(plugin), label);
+    insertPage(tab, plugin);
     if (current) {
         setCurrentIndex(tab);
     }
-    former->deleteLater();
+    if (former != nullptr) {
+        former->deleteLater();
+    }
+}
+
+void PluginArea::withdraw(const QString& plugin)
+{
+    m_labels.remove(plugin);
+    delete pageOf(plugin);
 }
 
 void PluginArea::showAgain()

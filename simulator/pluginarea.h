@@ -3,6 +3,8 @@
 
 #include "simulator/pluginloader.h"
 
+#include <QHash>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace sim
@@ -19,15 +21,25 @@ public:
     /// Adds the pages of a plug-in file that loaded, or a page that says why it did not.
     void add(const LoadResult& result);
 
+    /// The plug-in's page; null when it has no tab.
+    QWidget* pageOf(const QString& plugin) const { return widget(tabOf(plugin)); }
+    /// The plug-in whose page is in front; empty for a page that says why there is none.
+    QString currentPlugin() const { return tabBar()->tabData(currentIndex()).toString(); }
+
 public slots:
     /// Hides and shows the current page, which makes it read again what it reads when it is shown.
     void showAgain();
 
 private:
+    int tabOf(const QString& plugin) const;
+    void insertPage(int tab, const QString& plugin);
     void replacePage(const QString& plugin);
+    void withdraw(const QString& plugin);
 
     SimHost* m_host;
-    QStringList m_plugins; ///< plug-in name of each tab; empty for a reason
+    /// By plug-in, also of those whose page is gone. A tab knows its plug-in itself, as its data: tabs go away
+    /// with their pages, and plug-ins may destroy these.
+    QHash<QString, QString> m_labels;
 };
 
 } // namespace sim

@@ -32,6 +32,7 @@ constexpr FaultRow kFaults[] = {
     {LoadFault::AfterInitFailed, QT_TRANSLATE_NOOP("sim::PluginLoader", "afterInit fails")},
     {LoadFault::RenderFailed, QT_TRANSLATE_NOOP("sim::PluginLoader", "render fails")},
     {LoadFault::NoPage, QT_TRANSLATE_NOOP("sim::PluginLoader", "the plug-in gives no page")},
+    {LoadFault::Crashed, QT_TRANSLATE_NOOP("sim::PluginLoader", "the plug-in crashes while it is loaded")},
 };
 
 bool refuse(LoadResult* result, LoadFault fault, const QString& reason)
@@ -89,10 +90,21 @@ LoadResult PluginLoader::load(const QString& file)
     }
     for (const QString& name : qAsConst(result.names)) {
         if (!start(name, &result)) {
+            takeBack(result.names);
             break;
         }
     }
     return result;
+}
+
+void PluginLoader::takeBack(const QStringList& names)
+{
+    // A plug-in that failed half-way must not go on answering; its widgets go before the object they know.
+    for (const QString& name : names) {
+        m_host->withdraw(name);
+        delete m_plugins.take(name);
+        pendix::unregisterPlugin(name);
+    }
 }
 
 bool PluginLoader::openLibrary(LoadResult* result)
@@ -142,6 +154,7 @@ bool PluginLoader::start(const QString& name, LoadResult* result)
         return refuse(result, LoadFault::ConstructionFailed,
                       tr("%1 failed: the factory gave nothing").arg(step("construction")));
     }
+    m_plugins.insert(name, plugin);
     if (!guarded(result, LoadFault::InitFailed, step("init"), [plugin] { plugin->init(); }) ||
         !guarded(result, LoadFault::AfterInitFailed, step("afterInit"), [plugin] { plugin->afterInit(); }) ||
         !guarded(result, LoadFault::RenderFailed, step("render"), [plugin] { plugin->render(); })) {

@@ -23,7 +23,8 @@ enum class LoadFault {
     InitFailed = 15,
     AfterInitFailed = 16,
     RenderFailed = 17,
-    NoPage = 18
+    NoPage = 18,
+    Crashed = 19 ///< found only by --check, which loads in a process of its own
 };
 
 /// The exit codes of --check as a table for --help.
@@ -39,9 +40,9 @@ struct LoadResult {
 };
 
 /// Loads plug-ins in the order of a pendant: the library, the factories that it registered, and for each of
-/// them construction, init, afterInit and render. Owns the plug-in objects. Exceptions end with the step that
-/// threw them. Libraries stay loaded until the process ends: the host's registries keep factories, and pages
-/// and timers keep objects, whose code lies in them.
+/// them construction, init, afterInit and render. Owns the plug-in objects. Exceptions in these steps end with the
+/// step that threw them, and all that the library's plug-ins have handed over is withdrawn. Libraries stay loaded until
+/// the process ends: the host's registries keep factories, and pages and timers keep objects, whose code lies in them.
 class PluginLoader : public QObject
 {
     Q_OBJECT
@@ -54,9 +55,11 @@ public:
 private:
     bool openLibrary(LoadResult* result);
     bool start(const QString& name, LoadResult* result);
+    void takeBack(const QStringList& names);
     bool guarded(LoadResult* result, LoadFault fault, const QString& step, const std::function<void()>& call);
 
     SimHost* m_host;
+    QHash<QString, pendix::PluginBase*> m_plugins;
 };
 
 } // namespace sim

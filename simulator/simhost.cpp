@@ -29,14 +29,14 @@ QStringList labels(const QList<pendix::PhysicalButton>& buttons)
 {
     QStringList texts;
     for (const pendix::PhysicalButton& button : buttons) {
-        texts.append(button.text);
+        texts.append(SimHost::tr("%1 (%2 / %3)").arg(button.text, button.pressedImage, button.releasedImage));
     }
     return texts;
 }
 
-QString describe(const QWidget* widget)
+QString describe(const QObject* object)
 {
-    return widget != nullptr ? QString::fromLatin1(widget->metaObject()->className()) : SimHost::tr("no widget");
+    return object != nullptr ? QString::fromLatin1(object->metaObject()->className()) : SimHost::tr("nothing");
 }
 
 } // namespace
@@ -60,7 +60,7 @@ SimHost::SimHost(SimulatedController* controller, Journal* journal) : m_controll
     connect(controller, &SimulatedController::connectionChanged, this, [this](bool connected) {
         m_journal->addNotice({}, connected ? tr("controller connected") : tr("controller disconnected"));
         if (connected) {
-            emit sigNetworkConnect();
+            announceConnection();
         }
     });
     pendix::installHost(this);
@@ -68,20 +68,42 @@ SimHost::SimHost(SimulatedController* controller, Journal* journal) : m_controll
 
 SimHost::~SimHost()
 {
-    // A page that no window took is still this host's.
-    for (const QPointer<QWidget>& page : qAsConst(m_pages)) {
-        if (page != nullptr && page->parent() == nullptr) {
-            delete page;
+    deleteUntaken(m_given.values());
+}
+
+/// A widget that no window took is still this host's.
+void SimHost::deleteUntaken(const QList<QPointer<QWidget>>& widgets)
+{
+    for (const QPointer<QWidget>& widget : widgets) {
+        if (widget != nullptr && widget->parent() == nullptr) {
+            delete widget;
         }
     }
 }
 
+void SimHost::withdraw(const QString& plugin)
+{
+    m_pages.remove(plugin);
+    emit pluginWithdrawn(plugin);
+    deleteUntaken(m_given.values(plugin));
+}
+
+void SimHost::announceConnection()
+{
+    m_journal->addNotice({}, tr("sigNetworkConnect"));
+    emit sigNetworkConnect();
+}
+
 QJsonArray SimHost::commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command)
 {
-    Q_UNUSED(sender)
     const QStringList names = command.keys();
     const QJsonValue argument = names.size() == 1 ? command.value(names.first()) : QJsonValue(command);
-    const int entry = m_journal->addCommand(names.join(QLatin1String(", ")), argument);
+    const QString subject = names.isEmpty() ? tr("(no command)") : names.join(QLatin1String(", "));
+    const int entry = m_journal->addCommand(plugin, subject, argument, describe(sender));
+    if (!pendixFactory()->names().contains(plugin)) {
+        m_journal->addNotice(tr("warning"),
+                             tr("%1 is sent for \"%2\", a plug-in that is not known").arg(subject, plugin));
+    }
     const SimulatedController::Execution execution = m_controller->execute(plugin, command);
     for (const QString& remark : execution.remarks) {
         m_journal->addNotice(tr("warning"), remark);
@@ -219,6 +241,7 @@ void SimHost::createCenterWidget(const QString& plugin, QWidget* widget)
 {
     m_journal->addHostCall(QStringLiteral("CreateCenterWidget"), tr("%1: %2").arg(plugin, describe(widget)));
     if (widget != nullptr) {
+        m_given.insert(plugin, widget);
         m_pages.insert(plugin, widget);
         emit pageGiven(plugin);
     }
@@ -229,7 +252,8 @@ void SimHost::createStatusBar(const QString& plugin, QWidget* widget, int positi
     m_journal->addHostCall(QStringLiteral("CreateStatusBar"),
                            tr("%1: %2 at position %3").arg(plugin, describe(widget), QString::number(position)));
     if (widget != nullptr) {
-        emit statusItemGiven(widget, position);
+        m_given.insert(plugin, widget);
+        emit statusItemGiven(plugin, widget, position);
     }
 }
 
@@ -237,11 +261,11 @@ void SimHost::createPhyButtonList(const QString& plugin, const QString& name,
                                   const QList<pendix::PhysicalButton>& first,
                                   const QList<pendix::PhysicalButton>& second, const QStringList& selector)
 {
-    Q_UNUSED(selector)
     const QString separator = QStringLiteral(", ");
     m_journal->addHostCall(QStringLiteral("CreatePhyButtonList"),
-                           tr("%1, %2: first list %3; second list %4")
-                               .arg(plugin, name, labels(first).join(separator), labels(second).join(separator)));
+                           tr("%1, %2: first list %3; second list %4; selector \"%5\"")
+                               .arg(plugin, name, labels(first).join(separator), labels(second).join(separator),
+                                    selector.join(separator)));
 }
 
 void SimHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)

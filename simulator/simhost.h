@@ -26,6 +26,11 @@ public:
     /// The centre page that a plug-in has given; null if it gave none or it is gone.
     QWidget* page(const QString& plugin) const { return m_pages.value(plugin); }
 
+    /// Takes back what a plug-in that failed has handed over.
+    void withdraw(const QString& plugin);
+    /// Tells the plug-ins that the connection to the controller came up.
+    void announceConnection();
+
     // InterfaceManager
     QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command) override;
     QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QString& command,
@@ -63,15 +68,20 @@ signals:
     void operatorMessage(const QString& source, int level, const QString& text);
     /// A page was handed over; the receiver asks page() for it and becomes its parent.
     void pageGiven(const QString& plugin);
-    void statusItemGiven(QWidget* item, int position);
+    /// A status item was handed over; the receiver becomes its parent.
+    void statusItemGiven(const QString& plugin, QWidget* item, int position);
+    /// A plug-in failed after it had handed something over: its page and status item are to be taken away.
+    void pluginWithdrawn(const QString& plugin);
 
 private:
     QStringList readList(const QString& subject, const QStringList& names);
     QString readName(const QString& subject, const QString& name);
+    static void deleteUntaken(const QList<QPointer<QWidget>>& widgets);
 
     SimulatedController* m_controller;
     Journal* m_journal;
     QMap<QString, QPointer<QWidget>> m_pages;
+    QMultiMap<QString, QPointer<QWidget>> m_given; ///< what plug-ins handed over; what has no parent is this host's
 };
 
 /// Name of an operator message's level; a number outside 0..2 stands for itself.

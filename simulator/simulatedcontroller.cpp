@@ -94,17 +94,18 @@ void SimulatedController::executeOne(const QString& plugin, const QString& name,
     }
     const AnswerPlan plan = this->plan(name);
     if (!wait(plan.delayMs)) {
-        execution->remarks.append(tr("%1: the line went down before the answer").arg(name));
+        execution->remarks.append(tr("%1: the line went down, or the pendant was closed, before the answer").arg(name));
         return;
     }
     CommandOutcome outcome;
-    AnswerKind kind = plan.kind;
+    const AnswerKind kind = plan.kind;
     if (controllerActs(kind)) {
         outcome = row->execute(m_data, argument);
         if (!outcome.done) {
-            // What can't be stored is refused, whatever answer was asked for.
-            execution->remarks.append(tr("%1 refused: %2").arg(name, outcome.reason));
-            kind = AnswerKind::Proper;
+            execution->remarks.append(tr("%1 not executed: %2").arg(name, outcome.reason));
+        }
+        if (kind != AnswerKind::Proper && kind != AnswerKind::OtherFirst) {
+            execution->remarks.append(tr("%1: the answer was forced: %2").arg(name, answerLabel(kind)));
         }
     } else {
         execution->remarks.append(tr("%1 not executed; the answer was forced: %2").arg(name, answerLabel(kind)));
@@ -127,11 +128,15 @@ bool SimulatedController::wait(int delayMs)
     timer.setSingleShot(true);
     QEventLoop loop;
     connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
-    connect(this, &SimulatedController::connectionChanged, &loop, &QEventLoop::quit);
+    bool lineWentDown = false;
+    connect(this, &SimulatedController::connectionChanged, &loop, [&] {
+        lineWentDown = true;
+        loop.quit();
+    });
     timer.start(delayMs);
     // Ends early when the program does: a quitting application leaves all its event loops.
     loop.exec();
-    return !timer.isActive() && m_connected;
+    return !timer.isActive() && !lineWentDown;
 }
 
 void SimulatedController::setConnected(bool connected)

@@ -44,10 +44,16 @@ QString saveState(const QString& path, const QJsonObject& nodes)
         return file.errorString();
     }
     const QByteArray text = QJsonDocument(QJsonObject{{QLatin1String(kNodes), nodes}}).toJson();
-    if (file.write(text) != text.size() || !file.commit()) {
-        return file.errorString();
+    // A full disk takes a part first; why it takes no more comes to light with the rest.
+    qint64 written = 0;
+    while (written < text.size()) {
+        const qint64 part = file.write(text.constData() + written, text.size() - written);
+        if (part <= 0) {
+            return file.errorString();
+        }
+        written += part;
     }
-    return {};
+    return file.commit() ? QString() : file.errorString();
 }
 
 } // namespace sim

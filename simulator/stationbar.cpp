@@ -19,7 +19,8 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
       m_level(new QComboBox(this)),
       m_power(new QCheckBox(tr("Robot powered"), this)),
       m_connection(new QLabel(this)),
-      m_connect(new QPushButton(this))
+      m_connect(new QPushButton(this)),
+      m_inspector(new QPushButton(tr("Inspector"), this))
 {
     for (int level = 0; level <= SimulatedController::kHighestLevel; ++level) {
         m_level->addItem(level < kLowestChangingLevel ? tr("%1 - may look").arg(QString::number(level))
@@ -28,14 +29,14 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     auto* again = new QPushButton(tr("Show page again"), this);
     again->setToolTip(tr("Hides the page and shows it again, as leaving it and coming back would.\n"
                          "Pages read operator level and controller when they are shown, not when these change."));
-    auto* inspector = new QPushButton(tr("Inspector"), this);
-    inspector->setCheckable(true);
-    inspector->setChecked(true);
-    inspector->setToolTip(tr("Shows or hides the inspector; without it the page has the whole width."));
+    m_inspector->setCheckable(true);
+    m_inspector->setChecked(true);
+    m_inspector->setToolTip(tr("Shows or hides the inspector; without it the page has the whole width."));
+    m_connection->setMargin(4);
     auto* levelLabel = new QLabel(tr("Operator level"), this);
     levelLabel->setBuddy(m_level);
 
-    layOut({levelLabel, m_level, nullptr, m_power, nullptr, m_connection, m_connect}, {again, inspector});
+    layOut({levelLabel, m_level, nullptr, m_power, nullptr, m_connection, m_connect}, {again, m_inspector});
 
     connect(m_level, QOverload<int>::of(&QComboBox::currentIndexChanged), controller,
             &SimulatedController::setOperatorLevel);
@@ -43,7 +44,7 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     connect(m_connect, &QPushButton::clicked, controller,
             [controller] { controller->setConnected(!controller->isConnected()); });
     connect(again, &QPushButton::clicked, this, &StationBar::showPageAgain);
-    connect(inspector, &QPushButton::toggled, this, &StationBar::showInspector);
+    connect(m_inspector, &QPushButton::toggled, this, &StationBar::showInspector);
     connect(controller, &SimulatedController::operatorLevelChanged, this, &StationBar::showLevel);
     connect(controller, &SimulatedController::poweredChanged, this, &StationBar::showPower);
     connect(controller, &SimulatedController::connectionChanged, this, &StationBar::showConnection);
@@ -71,6 +72,11 @@ void StationBar::layOut(const QVector<QWidget*>& left, const QVector<QWidget*>& 
     }
 }
 
+void StationBar::setInspectorShown(bool shown)
+{
+    m_inspector->setChecked(shown);
+}
+
 void StationBar::showLevel(int level)
 {
     m_level->setCurrentIndex(level);
@@ -84,6 +90,16 @@ void StationBar::showPower(bool powered)
 void StationBar::showConnection(bool connected)
 {
     m_connection->setText(connected ? tr("Controller: connected") : tr("Controller: NO CONNECTION"));
+    QPalette colours;
+    QFont font;
+    font.setBold(!connected);
+    if (!connected) {
+        colours.setColor(QPalette::Window, QColor(190, 0, 20));
+        colours.setColor(QPalette::WindowText, Qt::white);
+    }
+    m_connection->setAutoFillBackground(!connected);
+    m_connection->setPalette(colours);
+    m_connection->setFont(font);
     m_connect->setText(connected ? tr("Disconnect") : tr("Reconnect"));
 }
 

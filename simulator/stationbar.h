@@ -23,6 +23,9 @@ class StationBar : public QWidget
 public:
     explicit StationBar(SimulatedController* controller, QWidget* parent = nullptr);
 
+    /// Puts the button "Inspector" into this state, and with it the inspector.
+    void setInspectorShown(bool shown);
+
 signals:
     void showPageAgain();
     void showInspector(bool shown);
@@ -38,6 +41,7 @@ private:
     QCheckBox* m_power;
     QLabel* m_connection;
     QPushButton* m_connect;
+    QPushButton* m_inspector;
 };
 
 } // namespace sim

@@ -65,41 +65,62 @@ void expectFormEqualsNode(Tour& tour)
 
 void expectEditable(Tour& tour, bool editable)
 {
-    for (const QString& name : {kSave, kCancel, kPower}) {
+    QStringList names{kSave, kCancel, QStringLiteral("spinBox_detection_time"), QStringLiteral("pushButton_Feeder")};
+    for (const FieldRow& row : kFields) {
+        names.append(QLatin1String(row.widget));
+    }
+    for (const QString& name : qAsConst(names)) {
         tour.expect(tour.isEnabled(name) == editable, editable ? Tour::tr("%1 should be enabled").arg(name)
                                                                : Tour::tr("%1 should be disabled").arg(name));
     }
 }
 
-/// Opens a sub-page with its navigation button and expects its title.
-void openPage(Tour& tour, const char* button, const char* title)
+void expectWeldingOff(Tour& tour)
+{
+    tour.expect(!tour.controller()->weldEnabled(), Tour::tr("the controller should have welding disabled"));
+    tour.expect(!settingNode(tour).value(QLatin1String(node::kMainEnable)).toBool(),
+                Tour::tr("the setting node should say that welding is disabled"));
+}
+
+QToolButton* navigationButton(const Tour& tour, const char* text)
 {
     const QWidget* navigation = tour.window()->findShown(QStringLiteral("wgtNav"));
-    QToolButton* found = nullptr;
     for (QToolButton* candidate :
          navigation != nullptr ? navigation->findChildren<QToolButton*>() : QList<QToolButton*>()) {
-        if (candidate->text() == QLatin1String(button)) {
-            found = candidate;
+        if (candidate->text() == QLatin1String(text)) {
+            return candidate;
         }
     }
-    tour.expect(found != nullptr, Tour::tr("there is no navigation button \"%1\"").arg(QLatin1String(button)));
-    if (found == nullptr) {
-        return;
-    }
-    tour.click(found);
-    tour.expect(found->isChecked(), Tour::tr("the button \"%1\" should be checked").arg(QLatin1String(button)));
+    return nullptr;
+}
+
+/// The sub-page of that button is open.
+void expectPage(Tour& tour, const char* button, const char* title)
+{
+    const QToolButton* found = navigationButton(tour, button);
+    tour.expect(found != nullptr && found->isChecked(),
+                Tour::tr("the button \"%1\" should be there and checked").arg(QLatin1String(button)));
     const auto* label = qobject_cast<QLabel*>(tour.window()->findShown(QStringLiteral("lblTitle")));
     const QString shown = label != nullptr ? label->text() : QString();
     tour.expect(shown == QLatin1String(title),
                 Tour::tr("the title should read \"%1\", it reads \"%2\"").arg(QLatin1String(title), shown));
 }
 
+/// Opens a sub-page with its navigation button.
+void openPage(Tour& tour, const char* button, const char* title)
+{
+    if (QToolButton* found = navigationButton(tour, button)) {
+        tour.click(found);
+    }
+    expectPage(tour, button, title);
+}
+
 void opensAtWeldSetup(Tour& tour)
 {
+    expectPage(tour, "Weld Setup", "Parmeter Setting");
     tour.controller()->setOperatorLevel(kEngineer);
     tour.controller()->setPowered(false);
     tour.window()->showPageAgain();
-    openPage(tour, "Weld Setup", "Parmeter Setting");
     expectFormEqualsNode(tour);
     expectEditable(tour, true);
     tour.expectCommands({});
@@ -174,7 +195,8 @@ void switchesOff(Tour& tour)
 {
     tour.click(kMainSwitch);
     tour.expectCommands({kEnableCommand + QLatin1String(" \"FALSE\"")});
-    tour.expect(!tour.controller()->weldEnabled(), Tour::tr("the controller should have welding disabled"));
+    tour.expectMessages({});
+    expectWeldingOff(tour);
     expectEditable(tour, true);
 }
 
@@ -185,6 +207,7 @@ void poweredRobotRefuses(Tour& tour)
     tour.controller()->setPowered(false);
     tour.expectCommands({});
     tour.expectMessages({QStringLiteral("error: Do not modify while powered on!")});
+    expectWeldingOff(tour);
     expectEditable(tour, true);
 }
 
@@ -249,7 +272,7 @@ void refusesSwitchOn(Tour& tour)
     tour.controller()->setPlan(kEnableCommand, AnswerPlan());
     tour.expectCommands({kEnableCommand + QLatin1String(" \"TRUE\"")});
     tour.expectMessages({QStringLiteral("error: Laser weld startup faild!")});
-    tour.expect(!tour.controller()->weldEnabled(), Tour::tr("the controller should have welding disabled"));
+    expectWeldingOff(tour);
     expectEditable(tour, true);
 }
 

@@ -6,6 +6,15 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <utility>
+
 using namespace sim;
 
 namespace
@@ -37,9 +46,8 @@ private slots:
     void faultNamesLineAndMember();
     void unreadableFiles_data();
     void unreadableFiles();
-    void stateSurvivesRuns();
-    void badStateIsRefused();
-    void failedWriteLeavesTheOldState();
+    void onlyRegularFiles();
+    void stateIsReplacedAsAWhole();
 
 private:
     QString write(const QString& name, const QByteArray& text) const;
@@ -89,28 +97,39 @@ void TestCellFile::shippedCellIsComplete()
 
 void TestCellFile::shippedPortsExist()
 {
+    // All signals but the one that is tied to nothing; the lists of their ports by type; the values of a register:
+    // b boolean, i whole, f floating.
+    const char* const kinds[][3] = {
+        {"power frequency duty_cycle wire_speed", "AO GO", "if"},
+        {"laser_enable red_light gas_protect wire_feed retract_direction manual_wire_feed manual_retract", "DO", "b"},
+        {"adhesion_detection_en", "DO", "b"},
+        {"swing_job process_job", "GO", "i"},
+        {"power_feedback wire_speed_feedback", "AI GI", "if"},
+        {"light_feedback laser_alarm shield_gas_feedback wire_feed_feedback wire_feeder_alarm", "DI", "b"},
+        {"adhesion_detection_feedback external_alarm", "DI", "b"},
+    };
+    const auto words = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); };
     const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
     QVERIFY(cell);
-    QHash<QString, int> lengths;
-    for (const QJsonValue& entry : cell->registers) {
-        const QJsonObject description = entry.toObject();
-        lengths.insert(description.value(QLatin1String("name")).toString(),
-                       description.value(QLatin1String("len")).toInt());
-    }
-    QStringList signalNames;
-    for (const QStringList& names : cell->io) {
-        signalNames += names;
-    }
     const QJsonObject io = cell->nodes.value(QLatin1String(node::kIo)).toObject();
-    for (auto member = io.constBegin(); member != io.constEnd(); ++member) {
-        const QString port = member.value().toString();
-        if (!member.key().endsWith(QLatin1String("_port")) || port.isEmpty()) {
-            continue;
+    for (const auto& [keys, lists, values] : kinds) {
+        for (const QString& key : words(keys)) {
+            const int type = io.value(key + QLatin1String("_type")).toInt();
+            QStringList ports = cell->io.value(words(lists).value(type));
+            for (const QJsonValue& entry : cell->registers) {
+                const QString name = entry[QLatin1String("type")].toString();
+                const char value = words("bool bit").contains(name)       ? 'b'
+                                   : words("float double").contains(name) ? 'f'
+                                                                          : 'i';
+                const bool writable = entry[QLatin1String("rw")].toString().contains(QLatin1Char('w'));
+                if (type == 2 && std::strchr(values, value) != nullptr && writable == (lists[1] == 'O') &&
+                    io.value(key + QLatin1String("_bias")).toInt() < entry[QLatin1String("len")].toInt()) {
+                    ports += entry[QLatin1String("name")].toString();
+                }
+            }
+            const QString port = io.value(key + QLatin1String("_port")).toString();
+            QVERIFY2(ports.contains(port), qPrintable(key));
         }
-        const QString key = member.key().chopped(5);
-        const int type = io.value(key + QLatin1String("_type")).toInt();
-        const int bias = io.value(key + QLatin1String("_bias")).toInt();
-        QVERIFY2(type == 2 ? bias < lengths.value(port) : signalNames.contains(port), qPrintable(key));
     }
 }
 
@@ -130,13 +149,13 @@ void TestCellFile::faultNamesLineAndMember_data()
     row("access", "\"rd\"", "\"\"", ":%1: registers[13].rw: expected one of r, rd,");
     row("missing member", "{ \"prefix\": \"GI\", \"first\": 1, ", "{ \"prefix\": \"GI\", ",
         ":%1: io.GI.first: missing");
-    row("unknown member", "\"current_tool\"", "\"curent_tool\"", ":1: current_tool: missing");
+    row("unknown member", "\"current_tool\"", "\"curent_tool\"", ":%1: curent_tool: unknown member");
     row("mistyped number", "\"laser_power\": 3000", "\"laser_power\": \"3000\"",
         ":%1: nodes.weld_setting_config.laser_power: expected a number");
-    row("misspelt setting", "\"manual_gas_time\"", "\"manual_gas_tine\"",
-        ": nodes.weld_setting_config.manual_gas_time: missing");
-    row("extra setting", "\"laser_power\": 3000", "\"laser_power\": 3000, \"colour\": 1",
-        ":%1: nodes.weld_setting_config.colour: unknown member");
+    row("control characters in a member", "\"laser_power\": 3000", "\"laser_power\": 3000, \"a\\u0000b\\n\": 1",
+        ":%1: nodes.weld_setting_config[\"a\\u0000b\\u000a\"]: unknown member");
+    row("group port for a digital signal", "\"red_light_type\": 0", "\"red_light_type\": 1",
+        ":%1: nodes.weld_io_config.red_light_type: expected 0 or 2");
     row("set under a wrong name", "\"LsDataID\": \"LsData3\"", "\"LsDataID\": \"LsData4\"",
         ":%1: nodes.weld_param_config.LsData3.LsDataID: expected \"LsData3\"");
     row("set that can't be", "\"LsData12\": {", "\"LsData31\": {",
@@ -153,10 +172,15 @@ void TestCellFile::faultNamesLineAndMember_data()
     row("duplicate name in a series", "\"SeamEnd\",", "\"P7\",", ":%1: points[5]: the name \"P7\" comes twice");
     row("empty name", "\"tool0\"", "\"\"", ":%1: tools[0]: expected a name");
     row("blank around a name", "\"tool0\"", "\" tool0\"", ":%1: tools[0]: expected a name");
+    row("control character in a name", "\"tool0\"", "\"tool\\u00000\"", ":%1: tools[0]: expected a name");
+    row("too many names", "{ \"prefix\": \"GI\", \"first\": 1, \"count\": 16 }",
+        "[\"G\", { \"prefix\": \"GI\", \"first\": 1, \"count\": 10000 }]",
+        ":%1: io.GI[1]: the list has more than 10000 names");
     row("unknown choice", "\"current_wobj\": \"table_left\"", "\"current_wobj\": \"table\"",
         ":%1: current_wobj: \"table\" is not in the list \"wobjs\"");
     row("duplicate member", "\"current_wobj\": \"table_left\"", "\"current_tool\": \"tool0\"",
-        ":%1: Duplicate key: 'current_tool'");
+        ":%1: not JSON: duplicate key: 'current_tool'");
+    row("lone surrogate", "\"table_left\"\n}", "\"\\ud800\"\n}", ":%1: not JSON: ");
     row("syntax", "\"current_wobj\": \"table_left\"", "\"current_wobj\" \"table_left\"", ":%1: not JSON: ");
     row("bad UTF-8", "\"current_wobj\": \"table_left\"", "\"current_wobj\": \"\xff\"", ":%1: not JSON: ");
 }
@@ -185,7 +209,7 @@ void TestCellFile::unreadableFiles_data()
     QTest::newRow("rest behind the end") << QByteArray("{}\n{}") << QStringLiteral(":2: not JSON: ");
     QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF{}") << QStringLiteral(":1: nodes: missing");
     QTest::newRow("1000 levels") << "{\"a\":\n" + QByteArray(1000, '[') + QByteArray(1000, ']') + '}'
-                                 << QStringLiteral("missing");
+                                 << QStringLiteral(":2: a: unknown member");
     QTest::newRow("100000 levels") << "\n" + QByteArray(100000, '[') << QStringLiteral(":2: not JSON: ");
     QTest::newRow("17 MiB") << QByteArray(17 * 1024 * 1024, ' ') << QStringLiteral("larger than 16 MiB");
 }
@@ -196,41 +220,49 @@ void TestCellFile::unreadableFiles()
     QFETCH(QString, fault);
     QVERIFY(!loadCell(write(QStringLiteral("cell.json"), text), &m_fault));
     QVERIFY2(m_fault.message().contains(fault), qPrintable(m_fault.message()));
-    QVERIFY(!loadCell(m_folder.path(), &m_fault));
-    QVERIFY(m_fault.message().endsWith(QLatin1String(": is a folder")));
-    QVERIFY(!loadCell(m_folder.filePath(QStringLiteral("none.json")), &m_fault));
-    QVERIFY(m_fault.message().contains(QLatin1String("can't be read")));
 }
 
-void TestCellFile::stateSurvivesRuns()
+void TestCellFile::onlyRegularFiles()
+{
+    const QString pipe = m_folder.filePath(QStringLiteral("pipe"));
+    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+    const QPair<QString, const char*> cases[] = {
+        {m_folder.path(), "a folder"}, {pipe, "no regular file"}, {QStringLiteral("none.json"), "can't be read"}};
+    for (const auto& [path, words] : cases) {
+        QVERIFY(!loadCell(path, &m_fault));
+        QVERIFY2(m_fault.message().contains(QLatin1String(words)), qPrintable(m_fault.message()));
+    }
+    const QString link = m_folder.filePath(QStringLiteral("link"));
+    QVERIFY(QFile::link(QStringLiteral(SHIPPED_CELL), link));
+    QVERIFY(loadCell(link, &m_fault));
+}
+
+void TestCellFile::stateIsReplacedAsAWhole()
 {
     const QString path = m_folder.filePath(QStringLiteral("state.json"));
+    const QString oldFile = m_folder.filePath(QStringLiteral("old.json"));
+    QVERIFY(!loadState(write(QStringLiteral("bad.json"), "{\"nodes\": { \"weld_io_config\": 4 } }"), &m_fault));
     QCOMPARE(loadState(path, &m_fault), QJsonObject());
-    QJsonObject nodes = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault)->nodes;
-    nodes.insert(QLatin1String(node::kMatch), QJsonValue::Null);
+    const QJsonObject nodes = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault)->nodes;
+    QJsonObject otherNodes = nodes;
+    otherNodes.insert(QLatin1String(node::kMatch), QJsonValue::Null);
+    // The old file, here under a second name, stays what it was.
     QCOMPARE(saveState(path, nodes), QString());
-    QCOMPARE(loadState(path, &m_fault), nodes);
-    QVERIFY(QFile::remove(path));
-}
-
-void TestCellFile::badStateIsRefused()
-{
-    const QByteArray text = "{\n \"nodes\": {\n  \"weld_io_config\": 4 } }";
-    const QString path = write(QStringLiteral("badstate.json"), text);
-    QVERIFY(!loadState(path, &m_fault));
-    QVERIFY2(m_fault.message().contains(QLatin1String(":2: nodes.weld_setting_config: missing")),
-             qPrintable(m_fault.message()));
-}
-
-void TestCellFile::failedWriteLeavesTheOldState()
-{
-    const QString folder = m_folder.filePath(QStringLiteral("missing"));
-    QVERIFY(!saveState(folder + QLatin1String("/state.json"), {}).isEmpty());
-    // A folder in the file's place fails at the last moment, when the new content is already written.
-    QVERIFY(QDir().mkdir(folder));
-    QVERIFY(!saveState(folder, {}).isEmpty());
-    QVERIFY(QFileInfo(folder).isDir());
-    QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("missing.*")}), QStringList());
+    QCOMPARE(link(qPrintable(path), qPrintable(oldFile)), 0);
+    QCOMPARE(saveState(path, otherNodes), QString());
+    QCOMPARE(loadState(oldFile, &m_fault), nodes);
+    QCOMPARE(loadState(path, &m_fault), otherNodes);
+    // A write that gets no further than 4 KiB.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlim_t before = std::exchange(limit.rlim_cur, 4096);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const QString reason = saveState(path, nodes);
+    limit.rlim_cur = before;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QCOMPARE(reason, qt_error_string(EFBIG));
+    QCOMPARE(loadState(path, &m_fault), otherNodes);
 }
 
 QTEST_GUILESS_MAIN(TestCellFile)

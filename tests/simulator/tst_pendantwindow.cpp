@@ -1,3 +1,5 @@
+#include "simulator/journalmodel.h"
+#include "simulator/livepicture.h"
 #include "simulator/pendantwindow.h"
 #include "simulator/statefile.h"
 #include "simulator/userinput.h"
@@ -5,6 +7,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -20,7 +25,12 @@ private slots:
     void init();
     void cleanup();
     void failureIsShownInPlace();
+    void startsInTheRoomThereIs();
+    void pagesComeAndGo();
+    void statusItemOfWhom();
+    void journalTellsCommandsApart();
     void messagesStay();
+    void readingTheHistory();
     void stationFollowsAndCommands();
     void noSheetReachesThePage();
     void reconnectingTellsThePlugin();
@@ -74,6 +84,105 @@ void TestPendantWindow::failureIsShownInPlace()
     QVERIFY(page->text().contains(QLatin1String("missing symbol: fixtureMissingFunction()")));
 }
 
+void TestPendantWindow::startsInTheRoomThereIs()
+{
+    // What the largest page needs at 96 dpi to be shown without scrolling.
+    const QSize needed(841, 542);
+    const auto* inspector = m_window->findChild<QTabWidget*>(QStringLiteral("inspector"));
+    const auto* area = m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"));
+    const QList<QPushButton*> buttons = m_window->findChildren<QPushButton*>();
+    const auto button = std::find_if(buttons.cbegin(), buttons.cend(),
+                                     [](const QPushButton* candidate) { return candidate->isCheckable(); });
+    QVERIFY(button != buttons.cend());
+    for (const QSize& room : {QSize(1024, 768), QSize(1920, 1080)}) {
+        m_window->fitInto(room);
+        QTRY_COMPARE(m_window->size(), room.boundedTo(QSize(PendantWindow::kWidth, PendantWindow::kHeight)));
+        const bool narrow = room.width() < PendantWindow::kWidth;
+        QCOMPARE(inspector->isVisible(), !narrow);
+        QCOMPARE((*button)->isChecked(), !narrow);
+        QTRY_COMPARE(area->currentWidget()->size().expandedTo(needed), area->currentWidget()->size());
+        if (narrow) {
+            (*button)->click();
+            QTRY_VERIFY(inspector->isVisible() && inspector->width() <= 350);
+        }
+    }
+}
+
+void TestPendantWindow::pagesComeAndGo()
+{
+    const QString good = QStringLiteral("good");
+    m_window->addPlugin({QStringLiteral("none.so"), LoadFault::NoSuchFile, {}, {}, {}});
+    const auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"));
+    const QPointer<QWidget> reason = m_window->findChild<QLabel*>(QStringLiteral("loadFailure"));
+    const QPointer<QWidget> first = m_host->page(good);
+    m_host->createCenterWidget(good, new QLabel);
+    QTRY_VERIFY(first == nullptr);
+    QCOMPARE(tabs->currentWidget(), m_host->page(good));
+    QCOMPARE(tabs->tabText(0), QStringLiteral("Fixture good"));
+    // A plug-in may destroy its page before it hands over the next one.
+    delete m_host->page(good);
+    QCOMPARE(tabs->count(), 1);
+    m_host->createCenterWidget(good, new QLabel);
+    QCOMPARE(tabs->count(), 2);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(reason != nullptr && m_host->page(good) != nullptr);
+
+    const auto* status = m_window->findChild<QWidget*>(QStringLiteral("statusLine"));
+    QCOMPARE(status->findChildren<QLabel*>().size(), 2);
+    m_host->withdraw(good);
+    QCOMPARE(tabs->count(), 1);
+    QVERIFY(reason != nullptr);
+    QCOMPARE(status->findChildren<QLabel*>().size(), 1);
+    m_host->createCenterWidget(good, new QLabel);
+    QCOMPARE(tabs->count(), 1);
+}
+
+void TestPendantWindow::statusItemOfWhom()
+{
+    auto* picture = m_window->findChild<LivePicture*>();
+    const auto mirrored = [picture] {
+        picture->refresh();
+        return picture->pixmap(Qt::ReturnByValue).width();
+    };
+    const auto give = [this](const QString& plugin, const QSize& size, int position) {
+        auto* item = new QLabel;
+        item->setFixedSize(size);
+        m_host->createStatusBar(plugin, item, position);
+    };
+    const int current = mirrored();
+    QVERIFY(current > 30);
+    give(QStringLiteral("other"), QSize(20, 10), 0);
+    QTest::qWait(0);
+    QCOMPARE(mirrored(), current);
+    give(QStringLiteral("Corvane"), QSize(30, 12), 2);
+    QTRY_COMPARE(mirrored(), 30);
+}
+
+void TestPendantWindow::journalTellsCommandsApart()
+{
+    const QString name = QStringLiteral("set_weld_setting_config");
+    const int command = m_journal->addCommand(QStringLiteral("good"), name, QJsonObject{{QStringLiteral("a"), 1}}, {});
+    m_journal->addAnswer(command, {});
+    QTRY_VERIFY(m_journal->at(command).untold);
+    auto* table = m_window->findChild<QTableView*>(QStringLiteral("journalTable"));
+    const QAbstractItemModel* model = table->model();
+    const auto text = [&](int column, int role) { return model->index(command, column).data(role).toString(); };
+    QVERIFY(text(JournalModel::What, Qt::DisplayRole).startsWith(name));
+    QVERIFY(text(JournalModel::Kind, Qt::DisplayRole).contains(QLatin1String("untold")));
+    QVERIFY(text(JournalModel::What, Qt::ToolTipRole).contains(QLatin1String("operator was told nothing")));
+    for (const QSize& room : {QSize(1024, 768), QSize(1280, 800)}) {
+        m_window->fitInto(room);
+        m_window->findChild<QTabWidget*>(QStringLiteral("inspector"))->show();
+        QTRY_VERIFY(table->columnWidth(JournalModel::What) > table->fontMetrics().horizontalAdvance(name) + 8);
+        QVERIFY(table->columnWidth(JournalModel::Kind) >
+                table->fontMetrics().horizontalAdvance(text(JournalModel::Kind, Qt::DisplayRole)) + 6);
+    }
+    table->selectRow(command);
+    const QString detail = m_window->findChild<QPlainTextEdit*>(QStringLiteral("journalDetail"))->toPlainText();
+    QVERIFY(detail.contains(QLatin1String("operator was told nothing")));
+    QVERIFY(detail.contains(QLatin1String("\n    \"a\": 1\n")));
+}
+
 void TestPendantWindow::messagesStay()
 {
     for (int i = 0; i < 50; ++i) {
@@ -85,6 +194,38 @@ void TestPendantWindow::messagesStay()
     QCOMPARE(area->item(49, 2)->text(), QStringLiteral("plug-in %2"));
     QCOMPARE(area->item(49, 1)->text(), QStringLiteral("warning"));
     QTRY_VERIFY(area->viewport()->rect().intersects(area->visualItemRect(area->item(49, 3))));
+}
+
+void TestPendantWindow::readingTheHistory()
+{
+    const auto tell = [](const QString& text) { ThrowLog(QStringLiteral("good"), pendix::error, text); };
+    auto* area = m_window->findChild<QTableWidget*>(QStringLiteral("messageArea"));
+    const QScrollBar* bar = area->verticalScrollBar();
+    const QString words = QStringLiteral("several words ").repeated(40);
+    const auto showsAllOf = [area](int row) {
+        const int needed = area->fontMetrics()
+                               .boundingRect(QRect(0, 0, area->columnWidth(3) - 8, 10000), Qt::TextWordWrap,
+                                             area->item(row, 3)->text())
+                               .height();
+        return area->rowHeight(row) >= needed;
+    };
+    for (int i = 0; i < 30; ++i) {
+        tell(words);
+    }
+    QTRY_VERIFY(bar->maximum() > 0 && bar->value() == bar->maximum() && showsAllOf(29));
+    // Narrower: the end stays in view, and what comes into view is shown whole.
+    m_window->resize(900, 700);
+    QTRY_VERIFY(bar->value() == bar->maximum() && showsAllOf(29));
+    area->verticalScrollBar()->setValue(0);
+    QTRY_VERIFY(showsAllOf(0));
+    tell(QStringLiteral("new"));
+    QTest::qWait(20);
+    QCOMPARE(bar->value(), 0);
+    area->verticalScrollBar()->setValue(bar->maximum());
+    QTRY_VERIFY(bar->value() == bar->maximum());
+    tell(words);
+    QTRY_VERIFY(bar->value() == bar->maximum() && showsAllOf(31));
+    QVERIFY(area->viewport()->rect().intersects(area->visualItemRect(area->item(31, 3))));
 }
 
 void TestPendantWindow::stationFollowsAndCommands()

@@ -70,9 +70,11 @@ void TestSimulatedController::storesAndRefuses()
     QJsonObject mistyped = m_changed;
     mistyped.insert(QStringLiteral("feeder_enable"), 1);
     for (const QJsonValue& bad : {QJsonValue(extra), QJsonValue(lacking), QJsonValue(mistyped), QJsonValue(5)}) {
-        // A forced yes does not help: what can't be stored is refused.
-        m_controller->setPlan(kSave, {AnswerKind::NumberZero, 0});
+        m_controller->setPlan(kSave, AnswerPlan());
         QCOMPARE(compact(send(kSave, bad)), QByteArray(R"([{"Corvane":{"set_weld_setting_config":{"return":1}}}])"));
+        // A forced yes changes the answer, but what can't be stored is not.
+        m_controller->setPlan(kSave, {AnswerKind::NumberZero, 0});
+        QCOMPARE(compact(send(kSave, bad)), QByteArray(R"([{"Corvane":{"set_weld_setting_config":{"return":0}}}])"));
         QCOMPARE(setting(), m_changed);
     }
     QCOMPARE(stored.size(), 1);
