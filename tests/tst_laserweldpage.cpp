@@ -104,7 +104,7 @@ void TestLaserWeldPage::styles()
         QVERIFY(button->styleSheet().contains("QToolButton:checked {background: #8a0121;color: white;}"));
     }
     // Each pass styles every sub-page; the tracking page is also styled whenever it becomes current.
-    const auto takenAway = [&shown](QWidget* page) {
+    const auto takenAway = [](QWidget* page) {
         page->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         return page;
     };
