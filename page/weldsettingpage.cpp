@@ -142,12 +142,12 @@ void WeldSettingPage::loadFromController()
 {
     loadServerConfigFromJson(controller::readNode(QLatin1String(names::node::kWeldSetting)));
     initPlaneStatus();
-    applyOperateStatus();
+    applyOperateStatus(operatorMayChange());
 }
 
-void WeldSettingPage::applyOperateStatus()
+void WeldSettingPage::applyOperateStatus(bool mayChange)
 {
-    setEnabled(operatorMayChange());
+    setEnabled(mayChange);
     setAllPlaneStatus(!getMainBtnStatus());
 }
 
@@ -234,7 +234,7 @@ void WeldSettingPage::save()
     }
     const CommandGuard guard(this, &m_commandUnderWay);
     if (!operatorMayChange()) {
-        applyOperateStatus();
+        applyOperateStatus(false);
         return;
     }
     if (!validateLaserCheckTime()) {
@@ -270,7 +270,7 @@ void WeldSettingPage::onSwitchMain(bool isOn)
     const CommandGuard guard(this, &m_commandUnderWay);
     if (!operatorMayChange()) {
         setMainSwitch(!isOn);
-        applyOperateStatus();
+        applyOperateStatus(false);
         return;
     }
     blockingPause(kSwitchPauseMs);

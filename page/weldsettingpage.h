@@ -74,7 +74,7 @@ private:
     void hideUnusedControls();
     void fillSignalCombos();
     void loadFromController();
-    void applyOperateStatus();
+    void applyOperateStatus(bool mayChange);
     void applyCompactLayout();
     void save();
     void cancel();

@@ -153,12 +153,17 @@ QString Journal::wholeText(const JournalEntry& entry)
     return entry.value.isUndefined() ? entry.text : compact(entry.value);
 }
 
-QString Journal::remark(const JournalEntry& entry) const
+QString Journal::remark(const JournalEntry& entry)
 {
     if (entry.untold) {
         return tr("[operator was told nothing]");
     }
     return entry.repeats > 1 ? tr("[%1 times]").arg(QString::number(entry.repeats)) : QString();
+}
+
+QString Journal::origin(const JournalEntry& entry)
+{
+    return entry.sender.isEmpty() ? QString() : tr("for %1 from %2").arg(entry.plugin, entry.sender);
 }
 
 QString Journal::line(int index) const
@@ -169,7 +174,7 @@ QString Journal::line(int index) const
                        entryKindName(entry.kind),
                        entry.level,
                        remark(entry),
-                       entry.sender.isEmpty() ? QString() : tr("for %1 from %2").arg(entry.plugin, entry.sender),
+                       origin(entry),
                        entry.subject,
                        wholeText(entry)}
         .join(QLatin1Char('\t'));

@@ -58,6 +58,11 @@ public:
     /// Number, time, kind, level, remark, sender, subject and the whole text, parted by tabs: one line per entry.
     QString line(int index) const;
 
+    /// The words for what is special about an entry (told nothing, read several times) and for who sent it; empty
+    /// for nothing.
+    static QString remark(const JournalEntry& entry);
+    static QString origin(const JournalEntry& entry);
+    static QString wholeText(const JournalEntry& entry);
     static QString compact(const QJsonValue& value);
 
 signals:
@@ -65,8 +70,6 @@ signals:
     void changed(int index);
 
 private:
-    static QString wholeText(const JournalEntry& entry);
-    QString remark(const JournalEntry& entry) const;
     int append(JournalEntry entry);
     int append(EntryKind kind, const QString& level, const QString& subject, const QString& text);
     void closeCommand();

@@ -28,7 +28,7 @@ QString indented(const JournalEntry& entry)
     if (!holdsJson(entry.kind)) {
         return entry.text;
     }
-    const QString text = entry.value.isUndefined() ? entry.text : Journal::compact(entry.value);
+    const QString text = Journal::wholeText(entry);
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
     return document.isNull() ? text : QString::fromUtf8(document.toJson()).trimmed();
 }
@@ -151,15 +151,8 @@ QString JournalModel::detail(int row) const
                         entryKindName(entry.kind), entry.level, entry.subject};
     head.removeAll(QString());
     QStringList lines = {head.join(blank)};
-    if (entry.untold) {
-        lines.append(tr("[operator was told nothing]"));
-    }
-    if (entry.repeats > 1) {
-        lines.append(tr("[%1 times]").arg(QString::number(entry.repeats)));
-    }
-    if (!entry.sender.isEmpty()) {
-        lines.append(tr("for %1 from %2").arg(entry.plugin, entry.sender));
-    }
+    lines.append({Journal::remark(entry), Journal::origin(entry)});
+    lines.removeAll(QString());
     lines.append(indented(entry));
     return lines.join(QLatin1Char('\n'));
 }
