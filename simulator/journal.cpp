@@ -1,5 +1,7 @@
 #include "simulator/journal.h"
 
+#include "simulator/clock.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
@@ -48,7 +50,7 @@ QString Journal::compact(const QJsonValue& value)
 int Journal::append(JournalEntry entry)
 {
     entry.number = size() + 1;
-    entry.time = QDateTime::currentDateTime();
+    entry.time = now();
     m_entries.push_back(std::move(entry));
     const int index = size() - 1;
     emit appended(index);

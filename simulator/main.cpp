@@ -1,5 +1,6 @@
 #include "simulator/cellfile.h"
 #include "simulator/childprocess.h"
+#include "simulator/clock.h"
 #include "simulator/exitcodes.h"
 #include "simulator/options.h"
 #include "simulator/pendantwindow.h"
@@ -123,6 +124,10 @@ int runTour(PendantWindow* window, SimulatedController* controller, const Journa
 
 int runWindow(const Options& options, SimulatedController* controller, Journal* journal, SimHost* host)
 {
+    if (!options.tourFolder.isEmpty()) {
+        // The same tour makes the same pictures.
+        stopClock();
+    }
     // The window goes before the plug-in objects: it owns their pages.
     PluginLoader loader(host);
     PendantWindow window(controller, journal, host);

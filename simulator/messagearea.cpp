@@ -1,11 +1,11 @@
 #include "simulator/messagearea.h"
 
+#include "simulator/clock.h"
 #include "simulator/simhost.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTextDocument>
-#include <QTime>
 #include <QTimer>
 
 namespace sim
@@ -137,7 +137,7 @@ void MessageArea::add(const QString& source, int level, const QString& text)
 {
     const int row = rowCount();
     insertRow(row);
-    const QStringList cells = {QTime::currentTime().toString(QStringLiteral("HH:mm:ss")), messageLevelName(level),
+    const QStringList cells = {now().toString(QStringLiteral("HH:mm:ss")), messageLevelName(level),
                                source, text};
     for (int column = 0; column < cells.size(); ++column) {
         auto* item = new QTableWidgetItem(cells.at(column));

@@ -48,7 +48,8 @@ QString helpText(const QCommandLineParser& parser)
               "state file. With --check:\n") +
            loadFaultTable() +
            tr("\nWithout a display that can be reached the program runs the tour into ./pendant-tour. The tour\n"
-              "starts from the cell, sets level and power itself, and leaves a state file alone.\n"
+              "starts from the cell, sets level and power itself, and leaves a state file alone; its clock\n"
+              "stands still.\n"
               "QT_QPA_PLATFORM and the other variables of Qt choose another kind of display.\n");
 }
 

@@ -4,9 +4,13 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollArea>
 #include <QTimer>
 #include <QWidget>
+
+#include <initializer_list>
+#include <utility>
 
 namespace sim::userinput
 {
@@ -29,7 +33,7 @@ void bringIntoView(QWidget* widget)
     }
 }
 
-QString obstacle(QWidget* widget)
+QString obstacle(QWidget* widget, const QPoint& place)
 {
     if (!widget->isVisible()) {
         return tr("%1 is not visible").arg(widget->objectName());
@@ -38,54 +42,78 @@ QString obstacle(QWidget* widget)
         return tr("%1 is disabled").arg(widget->objectName());
     }
     bringIntoView(widget);
-    const QPoint place = widget->mapTo(widget->window(), widget->rect().center());
-    const QWidget* hit = widget->window()->childAt(place);
-    if (hit != widget && !widget->isAncestorOf(hit)) {
+    const QWidget* hit = widget->window()->childAt(widget->mapTo(widget->window(), place));
+    const bool isHit = hit != nullptr ? hit == widget || widget->isAncestorOf(hit) : widget->isWindow();
+    if (!isHit) {
         return tr("%1 is covered or out of view").arg(widget->objectName());
     }
     return {};
 }
 
-void sendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButtons buttons)
+void sendMouse(QWidget* widget, const QPoint& place, QEvent::Type type, Qt::MouseButtons buttons)
 {
-    const QPoint place = widget->rect().center();
     const QPoint inWindow = widget->mapTo(widget->window(), place);
     QMouseEvent event(type, place, inWindow, widget->mapToGlobal(place), Qt::LeftButton, buttons, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
 }
 
-void sendKey(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+/// What a press does may destroy the widget, with which the rest of the events is void.
+QString sendPresses(QWidget* widget, const QPoint& place, std::initializer_list<QEvent::Type> presses)
 {
-    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-    QApplication::sendEvent(widget, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
-    QApplication::sendEvent(widget, &release);
+    QString reason = obstacle(widget, place);
+    const QPointer<QWidget> target = widget;
+    for (const QEvent::Type press : presses) {
+        for (const auto& [type, buttons] :
+             {std::pair(press, Qt::LeftButton), std::pair(QEvent::MouseButtonRelease, Qt::NoButton)}) {
+            if (reason.isEmpty() && target != nullptr) {
+                sendMouse(target, place, type, buttons);
+            }
+        }
+    }
+    return reason;
 }
 
 } // namespace
 
 QString click(QWidget* widget)
 {
-    QString reason = obstacle(widget);
-    if (reason.isEmpty()) {
-        sendMouse(widget, QEvent::MouseButtonPress, Qt::LeftButton);
-        sendMouse(widget, QEvent::MouseButtonRelease, Qt::NoButton);
+    return click(widget, widget->rect().center());
+}
+
+QString click(QWidget* widget, const QPoint& place)
+{
+    return sendPresses(widget, place, {QEvent::MouseButtonPress});
+}
+
+QString doubleClick(QWidget* widget, const QPoint& place)
+{
+    return sendPresses(widget, place, {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick});
+}
+
+void key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+    const QPointer<QWidget> target = widget;
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        if (target != nullptr) {
+            QKeyEvent event(type, key, modifiers, text);
+            QApplication::sendEvent(target, &event);
+        }
     }
-    return reason;
 }
 
 QString type(QWidget* widget, const QString& text)
 {
-    QString reason = obstacle(widget);
+    QString reason = obstacle(widget, widget->rect().center());
     if (!reason.isEmpty()) {
         return reason;
     }
+    const QPointer<QWidget> target = widget;
     widget->setFocus(Qt::MouseFocusReason);
-    sendKey(widget, Qt::Key_A, Qt::ControlModifier, QString());
+    key(target, Qt::Key_A, Qt::ControlModifier);
     for (const QChar letter : text) {
-        sendKey(widget, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+        key(target, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
     }
-    sendKey(widget, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+    key(target, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
     return {};
 }
 

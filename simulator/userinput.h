@@ -1,7 +1,9 @@
 #ifndef SIMULATOR_USERINPUT_H
 #define SIMULATOR_USERINPUT_H
 
+#include <QPoint>
 #include <QString>
+#include <Qt>
 
 class QWidget;
 
@@ -13,8 +15,14 @@ namespace sim
 namespace userinput
 {
 
-/// Scrolls the widget into view and clicks its middle with the left button.
+/// Scrolls the widget into view and clicks its middle, or another place in it, with the left button.
 QString click(QWidget* widget);
+QString click(QWidget* widget, const QPoint& place);
+/// The same, twice in a row.
+QString doubleClick(QWidget* widget, const QPoint& place);
+
+/// Presses and releases a key that goes to the widget, if there is one; text is what the key writes.
+void key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
 
 /// Replaces the content of a spin box or line edit by typing, and leaves it with Tab.
 QString type(QWidget* widget, const QString& text);

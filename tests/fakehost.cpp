@@ -1,4 +1,4 @@
-#include "fakehost.h"
+#include "tests/fakehost.h"
 
 #include <QWidget>
 

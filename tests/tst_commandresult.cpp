@@ -1,7 +1,7 @@
 #include "common/commandresult.h"
 #include "common/logline.h"
 #include "common/operatormessage.h"
-#include "fakehost.h"
+#include "tests/fakehost.h"
 
 #include <QJsonDocument>
 #include <QTest>

@@ -1,5 +1,3 @@
-#include "fakehost.h"
-#include "formdriver.h"
 #include "page/characteristicscurvepage.h"
 #include "page/lasertrackingpage.h"
 #include "page/laserweldpage.h"
@@ -7,6 +5,8 @@
 #include "page/weldiopage.h"
 #include "page/weldparameterpage.h"
 #include "page/weldsettingpage.h"
+#include "tests/fakehost.h"
+#include "tests/formdriver.h"
 #include "widgets/stackedwidgetfit.h"
 
 #include <QLabel>

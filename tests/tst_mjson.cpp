@@ -1,5 +1,5 @@
 #include "common/mjson.h"
-#include "fakehost.h"
+#include "tests/fakehost.h"
 
 #include <QJsonDocument>
 #include <QRandomGenerator>

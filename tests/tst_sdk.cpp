@@ -1,6 +1,6 @@
-#include "fakehost.h"
 #include "pendix/hostui.h"
 #include "pendix/log.h"
+#include "tests/fakehost.h"
 
 #include <QFile>
 #include <QTemporaryDir>

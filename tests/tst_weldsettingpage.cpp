@@ -1,7 +1,7 @@
-#include "fakehost.h"
-#include "formdriver.h"
 #include "page/blockingpause.h"
 #include "page/weldsettingpage.h"
+#include "tests/fakehost.h"
+#include "tests/formdriver.h"
 #include "widgets/enablebutton.h"
 
 #include <QComboBox>

@@ -1,8 +1,9 @@
-# Runs PROGRAM with ARGS as on a machine without a display; fails unless it ends with CODE and says OUTPUT.
+# Runs PROGRAM with ARGS, through EMULATOR if it is built for another processor, as on a machine without a
+# display; fails unless it ends with CODE and says OUTPUT.
 foreach(variable DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_FONT_DPI)
   unset(ENV{${variable}})
 endforeach()
-execute_process(COMMAND "${PROGRAM}" ${ARGS} RESULT_VARIABLE code OUTPUT_VARIABLE said ERROR_VARIABLE said)
+execute_process(COMMAND ${EMULATOR} "${PROGRAM}" ${ARGS} RESULT_VARIABLE code OUTPUT_VARIABLE said ERROR_VARIABLE said)
 message("${said}")
 if(NOT code STREQUAL CODE)
   message(FATAL_ERROR "exit code ${code} instead of ${CODE}")
