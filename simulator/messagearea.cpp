@@ -137,8 +137,7 @@ void MessageArea::add(const QString& source, int level, const QString& text)
 {
     const int row = rowCount();
     insertRow(row);
-    const QStringList cells = {now().toString(QStringLiteral("HH:mm:ss")), messageLevelName(level),
-                               source, text};
+    const QStringList cells = {now().toString(QStringLiteral("HH:mm:ss")), messageLevelName(level), source, text};
     for (int column = 0; column < cells.size(); ++column) {
         auto* item = new QTableWidgetItem(cells.at(column));
         item->setForeground(levelColour(level));
