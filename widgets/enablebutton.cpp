@@ -79,9 +79,9 @@ EnableButton::EnableButton(QWidget* parent)
     QWidget::setStyleSheet(QStringLiteral("background:transparent;"));
     lastWidth = width();
 
-    // By name, the one place that has to: observers of the meta-object see the animation drive moveSlider's
-    // one-argument form, which a pointer to the slot can't name.
-    connect(animation, SIGNAL(valueChanged(QVariant)), this, SLOT(moveSlider(QVariant)));
+    // Observers of the meta-object see the animation drive moveSlider's one-argument form, which a pointer to
+    // the slot can't name.
+    connect(animation, SIGNAL(valueChanged(QVariant)), this, SLOT(moveSlider(QVariant))); // string-based: observers
 }
 
 EnableButton::~EnableButton()
