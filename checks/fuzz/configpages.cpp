@@ -1,0 +1,112 @@
+#include "checks/fuzz/configpages.h"
+
+#include "checks/fuzz/input.h"
+#include "checks/fuzz/require.h"
+#include "page/laserweldpage.h"
+#include "page/weldsettingpage.h"
+#include "simulator/nodeschema.h"
+#include "tests/fakehost.h"
+
+#include <QApplication>
+#include <QStackedWidget>
+
+#include <algorithm>
+
+namespace fuzz
+{
+
+namespace
+{
+
+template <typename Page, void (Page::*Load)(const QJsonValue&), QJsonObject (Page::*Save)()>
+ConfigPage row(const char* node)
+{
+    return {Page::staticMetaObject.className(), node,
+            [](QWidget* page, const QJsonValue& config) { (static_cast<Page*>(page)->*Load)(config); },
+            [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); }};
+}
+
+/// A page with several nodes has several rows.
+const QVector<ConfigPage>& rows()
+{
+    static const QVector<ConfigPage> all = {
+        row<WeldSettingPage, &WeldSettingPage::loadServerConfigFromJson, &WeldSettingPage::saveServerConfigToJson>(
+            "weld_setting_config"),
+    };
+    return all;
+}
+
+bool isConfigNode(const QString& name)
+{
+    return sim::nodeNames().contains(name.section(QLatin1Char('.'), 0, 0));
+}
+
+void requireRow(const QString& className, const QStringList& reads)
+{
+    const bool covered = std::any_of(rows().begin(), rows().end(), [&className](const ConfigPage& row) {
+        return className == QLatin1String(row.className);
+    });
+    for (const QString& name : reads) {
+        if (!covered && isConfigNode(name)) {
+            fail(QStringLiteral("%1 reads %2 and has no row in checks/fuzz/configpages.cpp").arg(className, name));
+        }
+    }
+}
+
+void showEverySubPage(QStackedWidget& stack, FakeHost& host)
+{
+    // A page that is shown already would not be shown again.
+    auto* blank = new QWidget(&stack);
+    stack.addWidget(blank);
+    for (int i = 0; stack.widget(i) != blank; ++i) {
+        stack.setCurrentWidget(blank);
+        QApplication::processEvents();
+        host.forget();
+        stack.setCurrentIndex(i);
+        QApplication::processEvents();
+        requireRow(QLatin1String(stack.widget(i)->metaObject()->className()), host.reads);
+    }
+    stack.setCurrentWidget(blank);
+}
+
+QWidget* findPage(const QStackedWidget& stack, const char* className)
+{
+    for (int i = 0; i < stack.count(); ++i) {
+        if (qstrcmp(stack.widget(i)->metaObject()->className(), className) == 0) {
+            return stack.widget(i);
+        }
+    }
+    fail(QStringLiteral("%1 has a row in checks/fuzz/configpages.cpp and is no page").arg(QLatin1String(className)));
+}
+
+/// What the pages may want to read before they read a node.
+void publishCell(FakeHost& host)
+{
+    const QJsonObject nodes = shippedCell().value(QLatin1String("nodes")).toObject();
+    for (auto node = nodes.constBegin(); node != nodes.constEnd(); ++node) {
+        host.nodes.insert(node.key(), node.value());
+    }
+    host.registers = shippedCell().value(QLatin1String("registers"));
+}
+
+} // namespace
+
+QVector<OpenPage> openConfigPages(FakeHost& host)
+{
+    publishCell(host);
+    // Kept for the rest of the process, as a pendant keeps it.
+    static LaserWeldPage* const main = new LaserWeldPage(nullptr);
+    requireRow(QStringLiteral("LaserWeldPage"), host.reads);
+    main->show();
+    auto* stack = main->findChild<QStackedWidget*>();
+    require(stack != nullptr, "the main page has no stack of pages");
+    showEverySubPage(*stack, host);
+    main->hide();
+    QVector<OpenPage> pages;
+    for (const ConfigPage& row : rows()) {
+        pages.append({&row, findPage(*stack, row.className)});
+    }
+    return pages;
+}
+
+} // namespace fuzz

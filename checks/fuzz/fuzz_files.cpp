@@ -1,0 +1,253 @@
+// Files that the simulator reads, as a cell and as kept state. An input is a file's bytes, or decisions that damage
+// genuine content in a few places.
+#include "checks/fuzz/damage.h"
+#include "checks/fuzz/input.h"
+#include "checks/fuzz/leaks.h"
+#include "checks/fuzz/require.h"
+#include "checks/support/scramble.h"
+#include "simulator/cellfile.h"
+#include "simulator/nodeschema.h"
+#include "simulator/simulatedcontroller.h"
+#include "simulator/statefile.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+using namespace fuzz;
+using namespace sim;
+
+namespace
+{
+
+constexpr int kMostDamages = 3;
+
+QString pathOf(const char* name)
+{
+    static const QTemporaryDir folder;
+    require(folder.isValid(), "there is no room for temporary files");
+    return folder.filePath(QLatin1String(name));
+}
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush(),
+            "a temporary file can't be written");
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    require(file.open(QIODevice::ReadOnly), "a file is gone after it was read");
+    return file.readAll();
+}
+
+/// Lines as an editor counts them: each ends with a line feed, a carriage return or both.
+int linesIn(const QByteArray& bytes)
+{
+    return 1 + bytes.count('\n') + bytes.count('\r') - bytes.count("\r\n");
+}
+
+void checkFault(const FileFault& fault, const QString& path, const QByteArray& bytes)
+{
+    require(!fault.text.isEmpty(), "a file is refused without a reason");
+    require(fault.file == path && fault.message().startsWith(path), "a refusal does not name the file");
+    require(fault.line >= 0 && fault.line <= linesIn(bytes), "a fault is on a line that the file does not have");
+    const QString message = fault.message();
+    require(std::none_of(message.begin(), message.end(), [](QChar c) { return c.category() == QChar::Other_Control; }),
+            "a message has control characters");
+}
+
+/// The fault of a member stands one line further down when an empty line is put in front.
+void checkFaultsLine(const FileFault& fault, const QByteArray& bytes)
+{
+    const QString path = pathOf("lower.json");
+    write(path, '\n' + bytes);
+    FileFault lower;
+    require(!loadCell(path, &lower) && lower.member == fault.member && lower.text == fault.text,
+            "an empty line changes what is wrong with a file");
+    require(lower.line == fault.line + 1, "a fault does not stay on its line");
+}
+
+bool areSound(const QJsonObject& nodes)
+{
+    JsonCheck check;
+    checkNodes(check, nodes, JsonPath());
+    return check.ok();
+}
+
+/// What is read from a list of names can be told apart and chosen.
+void checkNames(const QStringList& names)
+{
+    require(QSet<QString>(names.begin(), names.end()).size() == names.size(), "an accepted list has a name twice");
+    require(std::all_of(names.begin(), names.end(), [](const QString& n) { return !n.trimmed().isEmpty(); }),
+            "an accepted list has an empty name");
+}
+
+void checkCell(const Cell& cell)
+{
+    require(areSound(cell.nodes), "a cell with unsound nodes is accepted");
+    for (const QStringList& names : {cell.points, cell.tools, cell.wobjs, cell.speeds, cell.zones}) {
+        checkNames(names);
+    }
+    for (const QStringList& names : cell.io) {
+        checkNames(names);
+    }
+    QStringList registers;
+    for (const QJsonValue entry : cell.registers) {
+        registers.append(entry[QLatin1String("name")].toString());
+        require(entry[QLatin1String("len")].toInt(0) >= 1, "an accepted register has no length");
+    }
+    checkNames(registers);
+    require(cell.tools.contains(cell.currentTool) && cell.wobjs.contains(cell.currentWobj),
+            "the current tool or work object of an accepted cell is none of its own");
+}
+
+QJsonValue argumentFor(const QString& command, const QJsonObject& nodes, Dice& dice)
+{
+    static const QStringList texts = {QStringLiteral("TRUE"), QStringLiteral("FALSE")};
+    const QJsonValue node = nodes.value(command.mid(int(qstrlen("set_"))));
+    return scrambled(node.isUndefined() ? QJsonValue(dice.oneOf(texts)) : node, dice);
+}
+
+/// Whatever a command brings and however it is answered, the controller's data stays sound, and what it refuses or
+/// does not act on changes nothing.
+void checkCommand(SimulatedController& controller, const QString& command, const QJsonValue& argument, AnswerKind kind)
+{
+    const QJsonObject nodes = controller.nodes();
+    const bool enabled = controller.weldEnabled();
+    controller.setPlan(command, {kind, 0});
+    const auto execution = controller.execute(QStringLiteral("Corvane"), {{command, argument}});
+    require(execution.answer.isEmpty() == (kind == AnswerKind::Empty),
+            "a command is answered, or not, against the plan");
+    // Looked at only when there is something new: this takes longer than all the rest.
+    require(controller.nodes() == nodes || areSound(controller.nodes()),
+            "a command makes the controller keep an unsound node");
+    const bool refused = kind == AnswerKind::Proper && !execution.remarks.isEmpty();
+    require(!(refused || !controllerActs(kind)) || (controller.nodes() == nodes && controller.weldEnabled() == enabled),
+            "a refused command changes the controller's data");
+}
+
+void drive(SimulatedController& controller, Dice& dice)
+{
+    for (const QString& name : nodeNames() + valueNames()) {
+        require(!controller.published(name).isUndefined(), "a node or value of an accepted cell is not published");
+        controller.published(name + QLatin1Char('.') + anyText(dice));
+    }
+    for (const QString& command : commandNames()) {
+        const QJsonValue argument = argumentFor(command, controller.nodes(), dice);
+        for (const AnswerKind kind : answerKinds()) {
+            require(!answerLabel(kind).isEmpty(), "a kind of answer has no label");
+            checkCommand(controller, command, argument, kind);
+        }
+    }
+    controller.execute(QStringLiteral("Corvane"), {{anyText(dice), anyValue(dice)}});
+    controller.addPoint(anyText(dice));
+    controller.setConnected(false);
+    require(controller.published(nodeNames().first()).isUndefined(), "a value comes over a line that is down");
+}
+
+const Cell& shippedAsCell()
+{
+    static const Cell cell = [] {
+        FileFault fault;
+        const QString path = pathOf("shipped.json");
+        write(path, QJsonDocument(shippedCell()).toJson());
+        std::optional<Cell> shipped = loadCell(path, &fault);
+        require(shipped.has_value(), "the simulator refuses its own cell file");
+        return *shipped;
+    }();
+    return cell;
+}
+
+void checkKept(const QJsonObject& nodes)
+{
+    const QString path = pathOf("kept.json");
+    FileFault fault;
+    require(saveState(path, nodes).isEmpty(), "accepted nodes can't be saved");
+    const auto again = loadState(path, &fault);
+    require(again && *again == nodes, "nodes change when they are saved and loaded again");
+}
+
+void checkCellFile(const QByteArray& bytes, Dice& dice)
+{
+    const QString path = pathOf("cell.json");
+    write(path, bytes);
+    FileFault fault;
+    const std::optional<Cell> cell = loadCell(path, &fault);
+    require(contentOf(path) == bytes, "reading a cell file changes it");
+    if (!cell) {
+        checkFault(fault, path, bytes);
+        // Nothing may stand in front of a byte order mark.
+        if (!fault.member.isEmpty() && !bytes.startsWith('\xEF')) {
+            checkFaultsLine(fault, bytes);
+        }
+        return;
+    }
+    checkCell(*cell);
+    checkKept(cell->nodes);
+    SimulatedController controller(*cell);
+    drive(controller, dice);
+}
+
+void checkStateFile(const QByteArray& bytes, Dice& dice)
+{
+    const QString path = pathOf("state.json");
+    write(path, bytes);
+    FileFault fault;
+    const std::optional<QJsonObject> nodes = loadState(path, &fault);
+    require(contentOf(path) == bytes, "reading a state file changes it");
+    if (!nodes) {
+        checkFault(fault, path, bytes);
+        return;
+    }
+    checkKept(*nodes);
+    SimulatedController controller(shippedAsCell());
+    controller.setNodes(*nodes);
+    drive(controller, dice);
+}
+
+void checkDamagedFile(Dice& dice)
+{
+    static const QJsonObject shortCell = shortened(shippedCell()).toObject();
+    const bool asState = dice.oneIn(2);
+    const QJsonObject& cell = dice.oneIn(16) ? shippedCell() : shortCell;
+    const QString nodes = QStringLiteral("nodes");
+    QJsonValue content = asState ? QJsonObject{{nodes, cell.value(nodes)}} : cell;
+    for (int left = dice.below(kMostDamages + 1); left > 0; --left) {
+        content = damaged(content, dice);
+    }
+    const QByteArray bytes = QJsonDocument(content.toObject()).toJson();
+    if (asState) {
+        checkStateFile(bytes, dice);
+    } else {
+        checkCellFile(bytes, dice);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
+{
+    silenceLogs();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const Input input(data, size);
+    ByteDice dice = input.dice();
+    if (input.holdsDecisions()) {
+        checkDamagedFile(dice);
+    } else {
+        // Qt's reader leaks an object or array whose member comes twice; damaged content has no such member.
+        const LeaksIgnored ignored;
+        checkCellFile(input.text(), dice);
+        checkStateFile(input.text(), dice);
+    }
+    return 0;
+}

@@ -1,0 +1,84 @@
+// Configuration nodes as a controller may publish them, into every page that edits one and out again. An input is a
+// node as JSON text, or decisions that take the node of the simulator's cell apart.
+#include "checks/fuzz/application.h"
+#include "checks/fuzz/configpages.h"
+#include "checks/fuzz/input.h"
+#include "checks/fuzz/noderanges.h"
+#include "checks/fuzz/require.h"
+#include "checks/support/scramble.h"
+#include "tests/fakehost.h"
+
+#include <QApplication>
+
+using namespace fuzz;
+
+namespace
+{
+
+FakeHost& host()
+{
+    static FakeHost theHost;
+    return theHost;
+}
+
+const QVector<OpenPage>& pages()
+{
+    static const QVector<OpenPage> all = openConfigPages(host());
+    return all;
+}
+
+QJsonObject save(const OpenPage& page)
+{
+    const QJsonObject command = page.row->save(page.widget);
+    require(command.size() == 1 && command.constBegin().value().isObject(), "a save is no command with one object");
+    return command.constBegin().value().toObject();
+}
+
+QJsonObject loadAndSave(const OpenPage& page, const QJsonValue& config)
+{
+    page.row->load(page.widget, config);
+    return save(page);
+}
+
+void checkPage(const OpenPage& page, const QJsonValue& config)
+{
+    const QString node = QLatin1String(page.row->node);
+    const QJsonObject before = save(page);
+    const QJsonObject written = loadAndSave(page, config);
+    requireInRange(node, written);
+    if (!config.isObject()) {
+        require(written == before, "a value that is no object changes the page");
+        return;
+    }
+    requireKept(node, config.toObject(), written);
+    require(loadAndSave(page, written) == written, "what was saved changes when it is loaded and saved again");
+    for (const QJsonObject& other : {QJsonObject(), highestNode(node)}) {
+        loadAndSave(page, other);
+        require(loadAndSave(page, config) == written, "what is saved depends on what was loaded before");
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
+{
+    silenceLogs();
+    startApplication();
+    pages();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const Input input(data, size);
+    ByteDice dice = input.dice();
+    const QJsonValue nodes = shippedCell().value(QLatin1String("nodes"));
+    host().forget();
+    for (const OpenPage& page : pages()) {
+        checkPage(page, input.holdsDecisions() ? scrambled(nodes[QLatin1String(page.row->node)], dice) : input.json());
+    }
+    require(host().commands.isEmpty(), "loading a node sends a command");
+    require(host().messages.isEmpty(), "loading a node tells the operator something");
+    QApplication::sendPostedEvents();
+    return 0;
+}

@@ -1,0 +1,56 @@
+# A random operator works the pendant under the sanitizers, in rounds that run side by side.
+# shellcheck source=checks/sanitizers.sh
+. "$root/checks/sanitizers.sh"
+
+actions=${1:-20000}
+seed=${2:-$(date +%s)}
+for number in "$actions" "$seed"; do
+    if ! [[ $number =~ ^[1-9][0-9]{0,8}[0-9]?$ ]]; then
+        echo "./dev monkey: ACTIONS and SEED are whole numbers from 1, not '$number'" >&2
+        exit 2
+    fi
+done
+per_round=2500   # one pendant's day; the round's seed counts up, so each can be had again on its own
+everything=20000 # so many actions leave nothing untouched
+
+build asan monkey corvane_module
+folder="$root/build/asan/monkey"
+rm -rf "$folder"
+mkdir -p "$folder"
+# Leaks are looked for where the suite does a short round, with the deep stacks that this takes.
+watch_sanitizers "$folder/reports" detect_leaks=0
+
+# round FIRST ACTIONS SEED: one round; what it did last is shown when it fails.
+round() {
+    local log="$folder/$2"
+    if ! "$root/build/asan/bin/monkey" --actions "$1" --seed "$2" --log "$log.log" > "$log.out" 2> "$log.err"; then
+        echo "== ./dev monkey $1 $2 fails after:"
+        tail -n 25 "$log.log"
+        grep -v $'^\033' "$log.err" | tail -n 5 # without the package's own log lines
+        tail -n 1 "$log.out"
+        return 1
+    fi
+    tail -n 1 "$log.out"
+}
+export -f round
+export folder root
+
+rounds=$(((actions + per_round - 1) / per_round))
+for ((i = 0; i < rounds; i++)); do
+    left=$((actions - i * per_round))
+    echo "$((left < per_round ? left : per_round)) $((seed + i))"
+done | xargs -P "$(nproc)" -L 1 bash -c 'round "$@"' round || failed=1
+no_reports "$folder/reports" || failed=1
+[ -z "${failed:-}" ] || exit 1
+
+# Over all rounds, everything that was offered must have been used, and every known message shown.
+cat "$folder"/*.out > "$folder/all"
+unused=$(comm -23 <(sed -n 's/^offered //p' "$folder/all" | sort -u) <(sed -n 's/^used //p' "$folder/all" | sort -u))
+if [ "$actions" -ge $everything ] && [ -n "$unused" ]; then
+    echo "never used in $actions actions:" >&2
+    echo "$unused" >&2
+    exit 1
+fi
+used=$(sed -n 's/^used //p' "$folder/all" | sort -u | wc -l)
+commands=$(sed -n 's/^seed .* \([0-9]*\) commands.*/\1/p' "$folder/all" | awk '{ sum += $1 } END { print sum + 0 }')
+echo "monkey: ok, $actions actions from seed $seed, $used things used, $commands commands"

@@ -1,0 +1,273 @@
+#include "checks/monkey/monkey.h"
+
+#include "checks/monkey/hands.h"
+#include "checks/support/scramble.h"
+#include "simulator/nodeschema.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QPointer>
+#include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace sim;
+
+namespace
+{
+
+/// How often it may act while one action waits, and how deep such actions may nest.
+constexpr int kMostWhileWaiting = 4;
+constexpr int kDeepest = 3;
+constexpr int kLongestPauseMs = 800;
+
+/// Whatever navigates does so with tool buttons that stay down.
+bool opensPage(const QWidget* widget)
+{
+    const auto* button = qobject_cast<const QToolButton*>(widget);
+    return button != nullptr && button->isCheckable();
+}
+
+QString onOff(bool on)
+{
+    return on ? QStringLiteral("on") : QStringLiteral("off");
+}
+
+} // namespace
+
+const Monkey::ActionRow Monkey::kActions[] = {
+    {"use", 55, &Monkey::useWidget},      {"key", 8, &Monkey::pressKey},    {"click", 6, &Monkey::clickAnywhere},
+    {"page", 6, &Monkey::openPage},       {"again", 5, &Monkey::showAgain}, {"level", 5, &Monkey::changeLevel},
+    {"power", 3, &Monkey::changePower},   {"line", 2, &Monkey::changeLine}, {"value", 1, &Monkey::changeValue},
+    {"answer", 5, &Monkey::changeAnswer}, {"node", 5, &Monkey::changeNode}, {"time", 3, &Monkey::letTimePass},
+    {"size", 1, &Monkey::resize},         {"paint", 1, &Monkey::paint},
+};
+
+Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHost* host, Logbook* logbook, Dice* dice)
+    : m_window(window),
+      m_controller(controller),
+      m_host(host),
+      m_logbook(logbook),
+      m_dice(dice),
+      m_soundNodes(controller->nodes())
+{
+}
+
+void Monkey::run(int actions)
+{
+    m_left = actions;
+    VirtualTime::instance()->whenIdle = [this] { return actWhileWaiting(); };
+    while (m_left > 0 && m_logbook->finding().isEmpty()) {
+        m_leftWhileWaiting = m_dice->below(kMostWhileWaiting + 1);
+        act();
+        // A person takes a moment from one action to the next.
+        VirtualTime::instance()->pass(m_dice->below(kLongestPauseMs));
+        takeInventory();
+    }
+    VirtualTime::instance()->whenIdle = nullptr;
+}
+
+void Monkey::act()
+{
+    --m_left;
+    int weights = 0;
+    for (const ActionRow& row : kActions) {
+        weights += row.weight;
+    }
+    int choice = m_dice->below(weights);
+    const ActionRow* row = std::begin(kActions);
+    while (choice >= row->weight) {
+        choice -= row->weight;
+        ++row;
+    }
+    const WatchedHost::Action action(m_host);
+    m_logbook->count(QStringLiteral("actions"));
+    m_logbook->note(QStringLiteral("%1 %2").arg(QString(m_host->depth(), QLatin1Char('>')), QLatin1String(row->name)));
+    const QString done = (this->*row->act)();
+    m_logbook->note(QStringLiteral("    %1: %2").arg(QLatin1String(row->name), done));
+}
+
+bool Monkey::actWhileWaiting()
+{
+    if (m_leftWhileWaiting == 0 || m_left == 0 || m_host->depth() >= kDeepest) {
+        return false;
+    }
+    --m_leftWhileWaiting;
+    m_logbook->count(QStringLiteral("while waiting"));
+    act();
+    return true;
+}
+
+QWidget* Monkey::stage() const
+{
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        return popup;
+    }
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : m_window;
+}
+
+void Monkey::takeInventory()
+{
+    for (const QWidget* widget : hands::usable(stage())) {
+        m_logbook->offered(hands::nameOf(widget));
+    }
+}
+
+QVector<QWidget*> Monkey::usableIn(Room room) const
+{
+    const QWidget* pages = m_window->findChild<QWidget*>(QStringLiteral("pluginArea"));
+    const QWidget* inspector = m_window->findChild<QWidget*>(QStringLiteral("inspector"));
+    QVector<QWidget*> found;
+    for (QWidget* widget : hands::usable(stage())) {
+        Room own = Room::Frame;
+        if (inspector != nullptr && inspector->isAncestorOf(widget)) {
+            own = Room::Inspector;
+        } else if (pages != nullptr && pages->isAncestorOf(widget)) {
+            own = opensPage(widget) ? Room::Navigation : Room::Page;
+        }
+        if (own == room) {
+            found.append(widget);
+        }
+    }
+    return found;
+}
+
+QString Monkey::useOneOf(QVector<QWidget*> widgets)
+{
+    if (widgets.isEmpty()) {
+        return QStringLiteral("nothing can be used");
+    }
+    // Curious: what is new comes first now and then, so that nothing stays unused for long.
+    if (m_dice->oneIn(4)) {
+        QVector<QWidget*> unknown;
+        std::copy_if(widgets.cbegin(), widgets.cend(), std::back_inserter(unknown),
+                     [this](const QWidget* widget) { return !m_logbook->wasUsed(hands::nameOf(widget)); });
+        widgets = unknown.isEmpty() ? widgets : unknown;
+    }
+    // By kind first: two buttons that do something among twenty fields are to be pressed as often as these.
+    QMap<QString, QVector<QWidget*>> kinds;
+    for (QWidget* widget : qAsConst(widgets)) {
+        kinds[QLatin1String(widget->metaObject()->className())].append(widget);
+    }
+    QWidget* widget = m_dice->oneOf(kinds[m_dice->oneOf(kinds.keys())]);
+    const QString name = hands::nameOf(widget);
+    m_logbook->used(name);
+    m_logbook->note(QStringLiteral("    %1").arg(name));
+    return hands::use(widget, *m_dice);
+}
+
+QString Monkey::useWidget()
+{
+    if (stage() != m_window) {
+        return useOneOf(hands::usable(stage()));
+    }
+    // By room, so that a page with two fields gets as much as the inspector with twenty.
+    const int choice = m_dice->below(10);
+    if (choice == 0) {
+        return useOneOf(usableIn(Room::Inspector));
+    }
+    if (choice == 1) {
+        return useOneOf(usableIn(Room::Frame));
+    }
+    const QVector<QWidget*> fields = usableIn(Room::Page);
+    return fields.isEmpty() ? openPage() : useOneOf(fields);
+}
+
+QString Monkey::pressKey()
+{
+    return hands::pressAnyKey(stage(), *m_dice);
+}
+
+QString Monkey::clickAnywhere()
+{
+    return hands::clickAnywhere(stage(), *m_dice);
+}
+
+QString Monkey::openPage()
+{
+    return useOneOf(usableIn(Room::Navigation));
+}
+
+QString Monkey::showAgain()
+{
+    m_window->showPageAgain();
+    return QStringLiteral("done");
+}
+
+QString Monkey::changeLevel()
+{
+    // Mostly one that may change things: the others are refused everything.
+    const int level = m_dice->oneIn(3) ? m_dice->below(3) : 3 + m_dice->below(3);
+    m_controller->setOperatorLevel(level);
+    return QString::number(level);
+}
+
+QString Monkey::changePower()
+{
+    const bool on = m_dice->oneIn(3);
+    m_controller->setPowered(on);
+    return onOff(on);
+}
+
+QString Monkey::changeLine()
+{
+    const bool up = !m_dice->oneIn(3);
+    m_controller->setConnected(up);
+    return onOff(up);
+}
+
+QString Monkey::changeValue()
+{
+    const QString name = m_dice->oneOf(valueNames());
+    const bool on = m_dice->oneIn(2);
+    m_controller->setValue(name, on);
+    return name + QLatin1Char(' ') + onOff(on);
+}
+
+QString Monkey::changeAnswer()
+{
+    // What a controller is not supposed to say, on top of what the simulator lets a person choose.
+    if (m_dice->oneIn(4)) {
+        m_host->bend = [this](const QJsonArray& answer) { return scrambled(answer, *m_dice).toArray(); };
+        return QStringLiteral("all bent");
+    }
+    m_host->bend = nullptr;
+    const QString command = m_dice->oneOf(commandNames());
+    const AnswerKind kind = m_dice->oneIn(2) ? AnswerKind::Proper : m_dice->oneOf(answerKinds());
+    const int delays[] = {0, 0, 50, 2000};
+    const int delay = delays[m_dice->below(static_cast<int>(std::size(delays)))];
+    m_controller->setPlan(command, {kind, delay});
+    return QStringLiteral("%1: %2 after %3 ms").arg(command, answerLabel(kind), QString::number(delay));
+}
+
+QString Monkey::changeNode()
+{
+    QJsonObject nodes = m_controller->nodes();
+    const QString name = m_dice->oneOf(nodeNames());
+    const QJsonValue sound = m_soundNodes.value(name);
+    const bool spoil = m_dice->oneIn(3);
+    nodes.insert(name, spoil ? scrambled(sound, *m_dice) : sound);
+    m_controller->setNodes(nodes);
+    return name + (spoil ? QStringLiteral(" spoilt") : QStringLiteral(" mended"));
+}
+
+QString Monkey::letTimePass()
+{
+    const int ms = 1 + m_dice->below(3000);
+    VirtualTime::instance()->pass(ms);
+    return QStringLiteral("%1 ms").arg(ms);
+}
+
+QString Monkey::resize()
+{
+    const QSize size(700 + m_dice->below(800), 500 + m_dice->below(500));
+    m_window->resize(size);
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
+QString Monkey::paint()
+{
+    return m_window->grab().isNull() ? QStringLiteral("nothing") : QStringLiteral("done");
+}
