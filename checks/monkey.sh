@@ -4,12 +4,10 @@
 
 actions=${1:-20000}
 seed=${2:-$(date +%s)}
-for number in "$actions" "$seed"; do
-    if ! [[ $number =~ ^[1-9][0-9]{0,8}[0-9]?$ ]]; then
-        echo "./dev monkey: ACTIONS and SEED are whole numbers from 1, not '$number'" >&2
-        exit 2
-    fi
-done
+if [ $# -gt 2 ] || ! [[ "$actions $seed" =~ ^[1-9][0-9]{0,9}\ [1-9][0-9]{0,9}$ ]]; then
+    echo "./dev monkey: at most two whole numbers from 1, ACTIONS and SEED, not '$*'" >&2
+    exit 2
+fi
 per_round=2500   # one pendant's day; the round's seed counts up, so each can be had again on its own
 everything=20000 # so many actions leave nothing untouched
 
