@@ -13,9 +13,12 @@ namespace fuzz
 QJsonValue shortened(const QJsonValue& value)
 {
     constexpr int kKept = 3;
+    const QJsonArray elements = value.toArray();
+    // The numbers of one row belong together.
+    const int kept = elements.first().isDouble() ? elements.size() : std::min(kKept, elements.size());
     QJsonArray array;
-    for (int i = 0; i < std::min(kKept, value.toArray().size()); ++i) {
-        array.append(shortened(value.toArray().at(i)));
+    for (int i = 0; i < kept; ++i) {
+        array.append(shortened(elements.at(i)));
     }
     QJsonObject object;
     const QJsonObject members = value.toObject();
