@@ -11,7 +11,6 @@ namespace sim
 namespace
 {
 
-constexpr int kMostNames = 10000; ///< in one list
 constexpr int kLongestRegister = 1000;
 
 const QStringList& ioTypes()
@@ -41,13 +40,6 @@ const QStringList& accessWords()
     return words;
 }
 
-void checkRoom(JsonCheck& check, const JsonPath& path, int size)
-{
-    if (size > kMostNames) {
-        check.fail(path, JsonCheck::tr("the list has more than %1 names").arg(kMostNames));
-    }
-}
-
 /// Appends the names of a series such as {"prefix": "DO", "first": 1, "count": 64}.
 void appendSeries(JsonCheck& check, const QJsonObject& series, const JsonPath& path, QStringList* names)
 {
@@ -58,7 +50,6 @@ void appendSeries(JsonCheck& check, const QJsonObject& series, const JsonPath& p
     const QString stem = check.name(series.value(prefix), path / prefix);
     const int start = check.whole(series.value(first), path / first, 0, kMostNames);
     const int length = check.whole(series.value(count), path / count, 1, kMostNames);
-    checkRoom(check, path, names->size() + length);
     for (int i = 0; check.ok() && i < length; ++i) {
         names->append(stem + QString::number(start + i));
     }
@@ -78,14 +69,10 @@ QStringList readNames(JsonCheck& check, const QJsonValue& value, const JsonPath&
         if (entry.isObject()) {
             appendSeries(check, entry.toObject(), entryPath, &names);
         } else {
-            checkRoom(check, entryPath, names.size() + 1);
             names.append(check.name(entry, entryPath));
         }
         for (int n = before; n < names.size(); ++n) {
-            if (known.contains(names.at(n))) {
-                check.fail(entryPath, JsonCheck::tr("the name \"%1\" comes twice").arg(names.at(n)));
-            }
-            known.insert(names.at(n));
+            check.another(names.at(n), entryPath, &known);
         }
     }
     return names;
@@ -101,17 +88,13 @@ QJsonArray readRegisters(JsonCheck& check, const QJsonValue& value, const JsonPa
     QSet<QString> known;
     for (int i = 0; check.ok() && i < registers.size(); ++i) {
         const JsonPath entryPath = path / i;
-        checkRoom(check, entryPath, i + 1);
         const QJsonObject entry = check.object(registers.at(i), entryPath);
         check.members(entry, entryPath, {name, type, access, length});
         const QString registerName = check.name(entry.value(name), entryPath / name);
         check.word(entry.value(type), entryPath / type, registerTypes());
         check.word(entry.value(access), entryPath / access, accessWords());
         check.whole(entry.value(length), entryPath / length, 1, kLongestRegister);
-        if (known.contains(registerName)) {
-            check.fail(entryPath / name, JsonCheck::tr("the name \"%1\" comes twice").arg(registerName));
-        }
-        known.insert(registerName);
+        check.another(registerName, entryPath / name, &known);
     }
     return registers;
 }

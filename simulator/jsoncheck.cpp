@@ -76,11 +76,21 @@ QString JsonCheck::text(const QJsonValue& value, const JsonPath& path)
 QString JsonCheck::name(const QJsonValue& value, const JsonPath& path)
 {
     QString name = value.toString();
-    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
-    if (name.isEmpty() || name.trimmed() != name || std::any_of(name.cbegin(), name.cend(), isControl)) {
+    if (!isName(name)) {
         fail(path, tr("expected a name (not empty, no blanks around it, no control characters)"));
     }
     return name;
+}
+
+void JsonCheck::another(const QString& name, const JsonPath& path, QSet<QString>* list)
+{
+    if (list->contains(name)) {
+        fail(path, tr("the name \"%1\" comes twice").arg(name));
+    }
+    list->insert(name);
+    if (list->size() > kMostNames) {
+        fail(path, tr("the list has more than %1 names").arg(kMostNames));
+    }
 }
 
 QString JsonCheck::word(const QJsonValue& value, const JsonPath& path, const QStringList& words)
@@ -106,6 +116,13 @@ void JsonCheck::members(const QJsonObject& object, const JsonPath& path, const Q
             fail(path / key, tr("missing"));
         }
     }
+}
+
+bool JsonCheck::isName(const QString& text)
+{
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    return !text.isEmpty() && text.trimmed() == text && text.isValidUtf16() &&
+           std::none_of(text.cbegin(), text.cend(), isControl);
 }
 
 } // namespace sim

@@ -7,12 +7,15 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
+#include <QSet>
 #include <QStringList>
 
 #include <optional>
 
 namespace sim
 {
+
+constexpr int kMostNames = 10000; ///< in one list
 
 /// Takes a JSON tree apart and remembers the first thing that is not as it should be. Every reader gives an
 /// empty value for a bad one, so that a caller reads on and looks once, at the end.
@@ -39,14 +42,20 @@ public:
     double number(const QJsonValue& value, const JsonPath& path, double minimum, double maximum);
     int whole(const QJsonValue& value, const JsonPath& path, int minimum, int maximum);
     QString text(const QJsonValue& value, const JsonPath& path);
-    /// A text that is neither empty nor surrounded by blanks and has no control characters.
+    /// A name as isName() has it.
     QString name(const QJsonValue& value, const JsonPath& path);
+    /// Takes one more name into a list that has room for it and does not have it yet.
+    void another(const QString& name, const JsonPath& path, QSet<QString>* list);
     /// One of the given words; case and surrounding blanks don't count.
     QString word(const QJsonValue& value, const JsonPath& path, const QStringList& words);
 
     /// Every required member is there, and none that is neither required nor optional.
     void members(const QJsonObject& object, const JsonPath& path, const QStringList& required,
                  const QStringList& optional = {});
+
+    /// A text that is neither empty nor surrounded by blanks, has no control characters and can be written to a
+    /// file and read again as it is.
+    static bool isName(const QString& text);
 
 private:
     std::optional<Fault> m_fault;
