@@ -2,6 +2,7 @@
 
 #include "simulator/jsoncheck.h"
 #include "simulator/nodeschema.h"
+#include "simulator/pointschema.h"
 
 #include <QSet>
 
@@ -99,14 +100,31 @@ QJsonArray readRegisters(JsonCheck& check, const QJsonValue& value, const JsonPa
     return registers;
 }
 
+void checkChoice(JsonCheck& check, const QString& name, const JsonPath& path, const QStringList& names,
+                 const char* list)
+{
+    if (!names.contains(name)) {
+        check.fail(path, JsonCheck::tr("\"%1\" is not in the list \"%2\"").arg(name, QLatin1String(list)));
+    }
+}
+
 QString readChoice(JsonCheck& check, const QJsonValue& value, const JsonPath& path, const QStringList& names,
                    const char* list)
 {
     QString name = check.name(value, path);
-    if (!names.contains(name)) {
-        check.fail(path, JsonCheck::tr("\"%1\" is not in the list \"%2\"").arg(name, QLatin1String(list)));
-    }
+    checkChoice(check, name, path, names, list);
     return name;
+}
+
+/// The points of a cell, which are meant for its own tools and work objects.
+QVector<RobotPoint> readOwnPoints(JsonCheck& check, const QJsonValue& value, const JsonPath& path, const Cell& cell)
+{
+    QVector<RobotPoint> points = readPoints(check, value, path);
+    for (int i = 0; i < points.size(); ++i) {
+        checkChoice(check, points.at(i).tool, path / i / QStringLiteral("tool"), cell.tools, "tools");
+        checkChoice(check, points.at(i).wobj, path / i / QStringLiteral("wobj"), cell.wobjs, "wobjs");
+    }
+    return points;
 }
 
 QJsonObject readValues(JsonCheck& check, const QJsonValue& value, const JsonPath& path)
@@ -148,11 +166,14 @@ Cell readCell(JsonCheck& check, const QJsonObject& root)
     const QString host = QStringLiteral("host");
     const QString io = QStringLiteral("io");
     const QString registers = QStringLiteral("registers");
+    const QString points = QStringLiteral("points");
+    const QString position = QStringLiteral("position");
     const QString currentTool = QStringLiteral("current_tool");
     const QString currentWobj = QStringLiteral("current_wobj");
-    const QStringList lists = {QStringLiteral("points"), QStringLiteral("tools"), QStringLiteral("wobjs"),
-                               QStringLiteral("speeds"), QStringLiteral("zones")};
-    check.members(root, top, QStringList{nodes, values, host, io, registers, currentTool, currentWobj} + lists,
+    const QStringList lists = {QStringLiteral("tools"), QStringLiteral("wobjs"), QStringLiteral("speeds"),
+                               QStringLiteral("zones")};
+    check.members(root, top,
+                  QStringList{nodes, values, host, io, registers, points, position, currentTool, currentWobj} + lists,
                   {about});
     if (root.contains(about)) {
         check.text(root.value(about), top / about);
@@ -164,11 +185,12 @@ Cell readCell(JsonCheck& check, const QJsonObject& root)
     cell.hostSettings = readHostSettings(check, root.value(host), top / host);
     cell.io = readIo(check, root.value(io), top / io);
     cell.registers = readRegisters(check, root.value(registers), top / registers);
-    cell.points = names(0);
-    cell.tools = names(1);
-    cell.wobjs = names(2);
-    cell.speeds = names(3);
-    cell.zones = names(4);
+    cell.tools = names(0);
+    cell.wobjs = names(1);
+    cell.speeds = names(2);
+    cell.zones = names(3);
+    cell.points = readOwnPoints(check, root.value(points), top / points, cell);
+    cell.position = readPose(check, root.value(position), top / position);
     cell.currentTool = readChoice(check, root.value(currentTool), top / currentTool, cell.tools, "tools");
     cell.currentWobj = readChoice(check, root.value(currentWobj), top / currentWobj, cell.wobjs, "wobjs");
     return cell;

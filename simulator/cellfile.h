@@ -2,11 +2,13 @@
 #define SIMULATOR_CELLFILE_H
 
 #include "simulator/jsonfile.h"
+#include "simulator/robotpoint.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
 #include <QStringList>
+#include <QVector>
 
 namespace sim
 {
@@ -18,7 +20,8 @@ struct Cell {
     QJsonObject hostSettings;      ///< settings of the pendant itself by name
     QMap<QString, QStringList> io; ///< signal names by type: DI DO AI AO GI GO
     QJsonArray registers;          ///< one object per register: name, type, rw, len
-    QStringList points;
+    QVector<RobotPoint> points;    ///< each with a tool and a work object of this cell
+    Pose position;                 ///< the robot's
     QStringList tools;
     QStringList wobjs;
     QStringList speeds;

@@ -72,17 +72,18 @@ void chooseDisplay(int argc, char* argv[], Options* options)
     }
 }
 
-/// Cell and kept state; nothing when one of them is refused.
-std::optional<Cell> readCellAndState(const Options& options, QJsonObject* kept)
+/// The cell, with what was kept of an earlier run in its place; nothing when one of the files is refused.
+std::optional<Cell> readCellAndState(const Options& options)
 {
     FileFault fault;
     std::optional<Cell> cell = loadCell(options.cellFile, &fault);
     if (cell && !options.stateFile.isEmpty()) {
-        const std::optional<QJsonObject> state = loadState(options.stateFile, &fault);
-        if (!state) {
-            cell.reset();
+        const std::optional<State> state = loadState(options.stateFile, &fault);
+        if (state) {
+            cell->nodes = state->nodes.value_or(cell->nodes);
+            cell->points = state->points.value_or(cell->points);
         } else {
-            *kept = *state;
+            cell.reset();
         }
     }
     QSaveFile probe(options.stateFile);
@@ -156,15 +157,11 @@ int run(int argc, char* argv[], const Options& options)
     // The same look on every desk; plug-ins see what a pendant without a desktop theme shows them.
     QApplication::setStyle(QStringLiteral("Fusion"));
 
-    QJsonObject kept;
-    std::optional<Cell> cell = readCellAndState(options, &kept);
+    std::optional<Cell> cell = readCellAndState(options);
     if (!cell) {
         return ExitBadInput;
     }
     SimulatedController controller(*std::move(cell));
-    if (!kept.isEmpty()) {
-        controller.setNodes(kept);
-    }
     controller.setOperatorLevel(options.level);
     controller.setPowered(options.powered);
     Journal journal;

@@ -2,6 +2,7 @@
 
 #include "simulator/journal.h"
 #include "simulator/nodeschema.h"
+#include "simulator/pointschema.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -87,7 +88,7 @@ QJsonValue NodesPanel::content(const QString& name) const
     const QJsonObject rest = {
         {QStringLiteral("values"), m_controller->values()},
         {QStringLiteral("registers"), cell.registers},
-        {QStringLiteral("points"), QJsonArray::fromStringList(cell.points)},
+        {QStringLiteral("points"), pointsToJson(m_controller->points())},
         {QStringLiteral("tools"), QJsonArray::fromStringList(cell.tools)},
         {QStringLiteral("wobjs"), QJsonArray::fromStringList(cell.wobjs)},
         {QLatin1String(kCurrent),

@@ -22,7 +22,8 @@ struct OptionSet {
     QCommandLineOption cell{QStringLiteral("cell"),
                             tr("Starting content of the cell (default: cell.json beside the program)."),
                             QStringLiteral("FILE")};
-    QCommandLineOption state{QStringLiteral("state"), tr("Keep the configuration nodes in FILE from run to run."),
+    QCommandLineOption state{QStringLiteral("state"),
+                             tr("Keep the configuration nodes and the points in FILE from run to run."),
                              QStringLiteral("FILE")};
     QCommandLineOption plugin{
         QStringLiteral("plugin"),

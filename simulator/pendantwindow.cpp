@@ -182,12 +182,14 @@ void PendantWindow::addPlugin(const LoadResult& result)
 
 void PendantWindow::keepState(const QString& file)
 {
-    connect(m_controller, &SimulatedController::nodesStored, this, [this, file] {
-        const QString reason = saveState(file, m_controller->nodes());
+    const auto save = [this, file] {
+        const QString reason = saveState(file, m_controller->nodes(), m_controller->points());
         if (!reason.isEmpty()) {
             notice(tr("the state file %1 could not be written: %2").arg(file, reason));
         }
-    });
+    };
+    connect(m_controller, &SimulatedController::nodesStored, this, save);
+    connect(m_controller, &SimulatedController::pointsChanged, this, save);
 }
 
 void PendantWindow::notice(const QString& text)

@@ -38,7 +38,7 @@ public:
     /// Shows the pages of a loaded plug-in, or why it did not load.
     void addPlugin(const LoadResult& result);
 
-    /// Writes the nodes to a file after every command that stored them; a failure becomes a notice.
+    /// Writes nodes and points to a file whenever one of them was stored; a failure becomes a notice.
     void keepState(const QString& file);
 
     /// Something that the simulator itself has to say: shown until dismissed and kept in the journal.

@@ -191,14 +191,21 @@ int SimHost::getUserOperateLevel()
 
 QStringList SimHost::getPointNameList()
 {
-    return readList(tr("points"), m_controller->points());
+    QStringList names;
+    for (const RobotPoint& point : m_controller->points()) {
+        names.append(point.name);
+    }
+    return readList(tr("points"), names);
 }
 
 void SimHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
 {
     m_journal->addHostCall(QStringLiteral("addCurrentPoint"),
                            tr("%1, overwrite %2, tool %3, work object %4").arg(name, onOff(overwrite), tool, wobj));
-    m_controller->addPoint(name);
+    const QString obstacle = m_controller->addPoint(name, overwrite, tool, wobj);
+    if (!obstacle.isEmpty()) {
+        m_journal->addNotice(tr("warning"), tr("no point stored: %1").arg(obstacle));
+    }
 }
 
 QStringList SimHost::getToolList()

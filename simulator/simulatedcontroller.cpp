@@ -1,10 +1,12 @@
 #include "simulator/simulatedcontroller.h"
 
+#include "simulator/jsoncheck.h"
 #include "simulator/nodeschema.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace sim
@@ -20,7 +22,8 @@ bool mainEnable(const QJsonObject& nodes)
 
 } // namespace
 
-SimulatedController::SimulatedController(Cell cell, QObject* parent) : QObject(parent), m_cell(std::move(cell))
+SimulatedController::SimulatedController(Cell cell, QObject* parent)
+    : QObject(parent), m_cell(std::move(cell)), m_points(m_cell.points), m_position(m_cell.position)
 {
     m_data.nodes = m_cell.nodes;
     m_data.values = m_cell.values;
@@ -57,11 +60,61 @@ void SimulatedController::setValue(const QString& name, bool value)
     }
 }
 
-void SimulatedController::addPoint(const QString& name)
+int SimulatedController::placeOf(const QString& point) const
 {
-    if (m_connected && !name.isEmpty() && !m_cell.points.contains(name)) {
-        m_cell.points.append(name);
+    const auto found = std::find_if(m_points.cbegin(), m_points.cend(),
+                                    [&](const RobotPoint& candidate) { return candidate.name == point; });
+    return static_cast<int>(found - m_points.cbegin());
+}
+
+QString SimulatedController::obstacleTo(const QString& name, bool overwrite, const QString& tool,
+                                        const QString& wobj) const
+{
+    if (!m_connected) {
+        return tr("no connection to the controller");
+    }
+    // What a file could not give back is not taken in.
+    if (!JsonCheck::isName(name)) {
+        return tr("\"%1\" is no name (not empty, no blanks around it, no control characters)").arg(name);
+    }
+    const bool isThere = placeOf(name) < m_points.size();
+    if (isThere && !overwrite) {
+        return tr("the point \"%1\" is there already and was not to be overwritten").arg(name);
+    }
+    if (!isThere && m_points.size() >= kMostNames) {
+        return tr("the controller has no room for more than %1 points").arg(kMostNames);
+    }
+    if (!m_cell.tools.contains(tool)) {
+        return tr("the controller has no tool \"%1\"").arg(tool);
+    }
+    return m_cell.wobjs.contains(wobj) ? QString() : tr("the controller has no work object \"%1\"").arg(wobj);
+}
+
+QString SimulatedController::addPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
+{
+    QString obstacle = obstacleTo(name, overwrite, tool, wobj);
+    if (obstacle.isEmpty()) {
+        const int place = placeOf(name);
+        if (place == m_points.size()) {
+            m_points.append(RobotPoint());
+        }
+        m_points[place] = {name, m_position, tool, wobj};
         emit dataChanged();
+        emit pointsChanged(place);
+    }
+    return obstacle;
+}
+
+void SimulatedController::setPosition(const Pose& position)
+{
+    Pose bounded = position;
+    for (const Coordinate& coordinate : kCoordinates) {
+        double& number = bounded.*coordinate.value;
+        number = qBound(-coordinate.limit, number, coordinate.limit);
+    }
+    if (!(m_position == bounded)) {
+        m_position = bounded;
+        emit positionChanged();
     }
 }
 

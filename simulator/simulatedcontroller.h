@@ -11,8 +11,8 @@
 namespace sim
 {
 
-/// The robot controller behind the simulated pendant: its welding service, its robot's power and the line to
-/// it. Nothing here moves or welds anything. While the line is down, values are undefined and commands
+/// The robot controller behind the simulated pendant: its welding service, its robot's power, position and
+/// points, and the line to it. Nothing here welds anything. While the line is down, values are undefined and commands
 /// stay unanswered.
 class SimulatedController : public QObject
 {
@@ -23,16 +23,19 @@ public:
 
     explicit SimulatedController(Cell cell, QObject* parent = nullptr);
 
-    /// The cell: signals, registers, points and the like. Its nodes and values are those it was loaded with.
+    /// The cell: signals, registers, tools and the like. Its nodes, values, points and position are those at the
+    /// start.
     const Cell& cell() const { return m_cell; }
     /// The nodes as they stand now.
     QJsonObject nodes() const { return m_data.nodes; }
     QJsonObject values() const { return m_data.values; }
     bool weldEnabled() const { return m_data.weldEnabled; }
-    QStringList points() const { return m_cell.points; }
-    /// Adds a point; a name that is empty or taken and a line that is down change nothing.
-    void addPoint(const QString& name);
-    /// Takes over nodes that were kept from an earlier run.
+    QVector<RobotPoint> points() const { return m_points; }
+    Pose position() const { return m_position; }
+    /// Stores the current position as a point of that name; an existing one only with overwrite. Returns why it was
+    /// not stored, empty when it was.
+    QString addPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj);
+    /// Replaces the nodes, as something that happens at the machine.
     void setNodes(const QJsonObject& nodes);
 
     bool isConnected() const { return m_connected; }
@@ -60,13 +63,17 @@ public:
 public slots:
     void setConnected(bool connected);
     void setPowered(bool powered);
-    void setOperatorLevel(int level); ///< bounded to 0..5
+    void setOperatorLevel(int level);       ///< bounded to 0..5
+    void setPosition(const Pose& position); ///< each number bounded to its limit
 
 signals:
     void connectionChanged(bool connected);
     void poweredChanged(bool powered);
     void operatorLevelChanged(int level);
     void planChanged(const QString& command);
+    void positionChanged();
+    /// The point at that place of the list was added or replaced.
+    void pointsChanged(int place);
     /// Nodes, values, points or the weld enable changed.
     void dataChanged();
     /// A command did its work and the nodes were brought up to date.
@@ -75,9 +82,13 @@ signals:
 private:
     void executeOne(const QString& plugin, const QString& name, const QJsonValue& argument, Execution* execution);
     bool wait(int delayMs);
+    int placeOf(const QString& point) const;
+    QString obstacleTo(const QString& name, bool overwrite, const QString& tool, const QString& wobj) const;
 
     Cell m_cell;
     WeldData m_data;
+    QVector<RobotPoint> m_points;
+    Pose m_position;
     QHash<QString, AnswerPlan> m_plans;
     bool m_connected = true;
     bool m_powered = false;

@@ -2,6 +2,7 @@
 
 #include "simulator/jsoncheck.h"
 #include "simulator/nodeschema.h"
+#include "simulator/pointschema.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -13,37 +14,44 @@ namespace sim
 namespace
 {
 constexpr char kNodes[] = "nodes";
-}
+constexpr char kPoints[] = "points";
+} // namespace
 
-std::optional<QJsonObject> loadState(const QString& path, FileFault* fault)
+std::optional<State> loadState(const QString& path, FileFault* fault)
 {
     // A link that leads nowhere is no file either: the first save creates its target.
     if (!QFileInfo::exists(path)) {
-        return QJsonObject();
+        return State();
     }
     const std::optional<JsonFile> file = JsonFile::read(path, fault);
     if (!file) {
         return std::nullopt;
     }
     const QString nodes = QLatin1String(kNodes);
+    const QString points = QLatin1String(kPoints);
     const JsonPath top;
     JsonCheck check;
-    check.members(file->root(), top, {nodes});
-    QJsonObject result = checkNodes(check, file->root().value(nodes), top / nodes);
+    check.members(file->root(), top, {nodes}, {points});
+    State state;
+    state.nodes = checkNodes(check, file->root().value(nodes), top / nodes);
+    if (file->root().contains(points)) {
+        state.points = readPoints(check, file->root().value(points), top / points);
+    }
     if (check.fault()) {
         *fault = file->faultAt(check.fault()->path, check.fault()->text);
         return std::nullopt;
     }
-    return result;
+    return state;
 }
 
-QString saveState(const QString& path, const QJsonObject& nodes)
+QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         return file.errorString();
     }
-    const QByteArray text = QJsonDocument(QJsonObject{{QLatin1String(kNodes), nodes}}).toJson();
+    const QJsonObject root = {{QLatin1String(kNodes), nodes}, {QLatin1String(kPoints), pointsToJson(points)}};
+    const QByteArray text = QJsonDocument(root).toJson();
     // A full disk takes a part first; why it takes no more comes to light with the rest.
     qint64 written = 0;
     while (written < text.size()) {

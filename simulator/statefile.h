@@ -2,21 +2,27 @@
 #define SIMULATOR_STATEFILE_H
 
 #include "simulator/jsonfile.h"
+#include "simulator/robotpoint.h"
 
 #include <QJsonObject>
+#include <QVector>
 
 namespace sim
 {
 
-/// The file that keeps the configuration nodes between two runs of the program.
+/// What a file keeps between two runs of the program: each part replaces that of the cell if it is there.
+struct State {
+    std::optional<QJsonObject> nodes;
+    std::optional<QVector<RobotPoint>> points;
+};
 
-/// Reads the nodes. A file that is not there yet gives an empty object; a malformed one yields nothing, fills
-/// fault and stays as it is.
-std::optional<QJsonObject> loadState(const QString& path, FileFault* fault);
+/// Reads the state. A file that is not there yet keeps nothing, and one may lack the points; a malformed one yields
+/// no state, fills fault and stays as it is.
+std::optional<State> loadState(const QString& path, FileFault* fault);
 
-/// Replaces the file as a whole: whoever reads it finds the old nodes or the new ones. Returns why it could
+/// Replaces the file as a whole: whoever reads it finds the old state or the new one. Returns why it could
 /// not be written, empty when it was.
-QString saveState(const QString& path, const QJsonObject& nodes);
+QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points);
 
 } // namespace sim
 

@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace fuzz;
 using namespace sim;
@@ -88,10 +89,29 @@ void checkNames(const QStringList& names)
             "an accepted list has an empty name");
 }
 
+void checkPose(const Pose& pose)
+{
+    for (const Coordinate& coordinate : kCoordinates) {
+        require(std::abs(pose.*coordinate.value) <= coordinate.limit, "an accepted position is out of reach");
+    }
+}
+
+void checkPoints(const QVector<RobotPoint>& points)
+{
+    QStringList names;
+    for (const RobotPoint& point : points) {
+        names.append(point.name);
+        checkPose(point.pose);
+        checkNames({point.tool});
+        checkNames({point.wobj});
+    }
+    checkNames(names);
+}
+
 void checkCell(const Cell& cell)
 {
     require(areSound(cell.nodes), "a cell with unsound nodes is accepted");
-    for (const QStringList& names : {cell.points, cell.tools, cell.wobjs, cell.speeds, cell.zones}) {
+    for (const QStringList& names : {cell.tools, cell.wobjs, cell.speeds, cell.zones}) {
         checkNames(names);
     }
     for (const QStringList& names : cell.io) {
@@ -105,6 +125,22 @@ void checkCell(const Cell& cell)
     checkNames(registers);
     require(cell.tools.contains(cell.currentTool) && cell.wobjs.contains(cell.currentWobj),
             "the current tool or work object of an accepted cell is none of its own");
+    checkPose(cell.position);
+    checkPoints(cell.points);
+    for (const RobotPoint& point : cell.points) {
+        require(cell.tools.contains(point.tool) && cell.wobjs.contains(point.wobj),
+                "the tool or work object of an accepted cell's point is none of its own");
+    }
+}
+
+void checkKept(const QJsonObject& nodes, const QVector<RobotPoint>& points)
+{
+    const QString path = pathOf("kept.json");
+    FileFault fault;
+    require(saveState(path, nodes, points).isEmpty(), "an accepted state can't be saved");
+    const auto again = loadState(path, &fault);
+    require(again && again->nodes == nodes && again->points == points,
+            "a state changes when it is saved and loaded again");
 }
 
 QJsonValue argumentFor(const QString& command, const QJsonObject& nodes, Dice& dice)
@@ -132,6 +168,25 @@ void checkCommand(SimulatedController& controller, const QString& command, const
             "a refused command changes the controller's data");
 }
 
+/// A point is stored as a whole or not at all, and what is stored can be kept.
+void checkStoring(SimulatedController& controller, Dice& dice)
+{
+    Pose pose;
+    for (const Coordinate& coordinate : kCoordinates) {
+        pose.*coordinate.value = anyValue(dice).toDouble();
+    }
+    controller.setPosition(pose);
+    const QVector<RobotPoint> before = controller.points();
+    const QString name = before.isEmpty() || dice.oneIn(2) ? anyText(dice) : dice.oneOf(before).name;
+    const Cell& cell = controller.cell();
+    const QString tool = dice.oneIn(8) ? anyText(dice) : cell.currentTool;
+    const QString obstacle = controller.addPoint(name, dice.oneIn(2), tool, cell.currentWobj);
+    const RobotPoint stored = {name, controller.position(), tool, cell.currentWobj};
+    require(obstacle.isEmpty() ? controller.points().contains(stored) : controller.points() == before,
+            "a point is not stored as it is said to be");
+    checkKept(controller.nodes(), controller.points());
+}
+
 void drive(SimulatedController& controller, Dice& dice)
 {
     for (const QString& name : nodeNames() + valueNames()) {
@@ -146,31 +201,30 @@ void drive(SimulatedController& controller, Dice& dice)
         }
     }
     controller.execute(QStringLiteral("Corvane"), {{anyText(dice), anyValue(dice)}});
-    controller.addPoint(anyText(dice));
+    checkStoring(controller, dice);
     controller.setConnected(false);
     require(controller.published(nodeNames().first()).isUndefined(), "a value comes over a line that is down");
 }
 
-const Cell& shippedAsCell()
+Cell asCell(const QJsonObject& content)
 {
-    static const Cell cell = [] {
-        FileFault fault;
-        const QString path = pathOf("shipped.json");
-        write(path, QJsonDocument(shippedCell()).toJson());
-        std::optional<Cell> shipped = loadCell(path, &fault);
-        require(shipped.has_value(), "the simulator refuses its own cell file");
-        return *shipped;
-    }();
-    return cell;
+    FileFault fault;
+    const QString path = pathOf("sound.json");
+    write(path, QJsonDocument(content).toJson());
+    std::optional<Cell> cell = loadCell(path, &fault);
+    require(cell.has_value(), "the simulator refuses its own cell, as it is or shortened");
+    return *cell;
 }
 
-void checkKept(const QJsonObject& nodes)
+/// The simulator's own cell with less of everything: small enough to meet a damage often, and sound.
+const QJsonObject& shortCell()
 {
-    const QString path = pathOf("kept.json");
-    FileFault fault;
-    require(saveState(path, nodes).isEmpty(), "accepted nodes can't be saved");
-    const auto again = loadState(path, &fault);
-    require(again && *again == nodes, "nodes change when they are saved and loaded again");
+    static const QJsonObject cell = [] {
+        QJsonObject content = shortened(shippedCell()).toObject();
+        asCell(content);
+        return content;
+    }();
+    return cell;
 }
 
 void checkCellFile(const QByteArray& bytes, Dice& dice)
@@ -189,7 +243,7 @@ void checkCellFile(const QByteArray& bytes, Dice& dice)
         return;
     }
     checkCell(*cell);
-    checkKept(cell->nodes);
+    checkKept(cell->nodes, cell->points);
     SimulatedController controller(*cell);
     drive(controller, dice);
 }
@@ -199,25 +253,30 @@ void checkStateFile(const QByteArray& bytes, Dice& dice)
     const QString path = pathOf("state.json");
     write(path, bytes);
     FileFault fault;
-    const std::optional<QJsonObject> nodes = loadState(path, &fault);
+    const std::optional<State> state = loadState(path, &fault);
     require(contentOf(path) == bytes, "reading a state file changes it");
-    if (!nodes) {
+    if (!state) {
         checkFault(fault, path, bytes);
         return;
     }
-    checkKept(*nodes);
-    SimulatedController controller(shippedAsCell());
-    controller.setNodes(*nodes);
+    static const Cell shipped = asCell(shippedCell());
+    Cell cell = shipped;
+    require(state->nodes.has_value(), "a state without nodes is accepted");
+    cell.nodes = *state->nodes;
+    cell.points = state->points.value_or(cell.points);
+    checkPoints(cell.points);
+    checkKept(cell.nodes, cell.points);
+    SimulatedController controller(cell);
     drive(controller, dice);
 }
 
 void checkDamagedFile(Dice& dice)
 {
-    static const QJsonObject shortCell = shortened(shippedCell()).toObject();
     const bool asState = dice.oneIn(2);
-    const QJsonObject& cell = dice.oneIn(16) ? shippedCell() : shortCell;
+    const QJsonObject& cell = dice.oneIn(16) ? shippedCell() : shortCell();
     const QString nodes = QStringLiteral("nodes");
-    QJsonValue content = asState ? QJsonObject{{nodes, cell.value(nodes)}} : cell;
+    const QString points = QStringLiteral("points");
+    QJsonValue content = asState ? QJsonObject{{nodes, cell.value(nodes)}, {points, cell.value(points)}} : cell;
     for (int left = dice.below(kMostDamages + 1); left > 0; --left) {
         content = damaged(content, dice);
     }

@@ -47,6 +47,7 @@ private slots:
     void unreadableFiles_data();
     void unreadableFiles();
     void onlyRegularFiles();
+    void stateKeepsPoints();
     void stateIsReplacedAsAWhole();
 
 private:
@@ -89,6 +90,10 @@ void TestCellFile::shippedCellIsComplete()
         QVERIFY2(!cell->nodes.value(name).toObject().isEmpty(), qPrintable(name));
     }
     QVERIFY(cell->nodes.value(QLatin1String(node::kParameters)).toObject().size() >= 5);
+    QCOMPARE(cell->points.size(), 8);
+    QVERIFY(cell->points.at(3) ==
+            RobotPoint({"SeamStart", {812.4, -143.75, 212.6, 178.5, -12, 90}, "weld_head", "table_left"}));
+    QVERIFY(cell->position == (Pose{704.2, -35.5, 498, 180, 0, 90}));
     QCOMPARE(cell->speeds.first(), QStringLiteral("v5"));
     QCOMPARE(cell->speeds.last(), QStringLiteral("v2000"));
     QCOMPARE(cell->zones.mid(0, 2), QStringList({QStringLiteral("fine"), QStringLiteral("z0")}));
@@ -169,10 +174,28 @@ void TestCellFile::faultNamesLineAndMember_data()
         ":%1: values[\"laser_weld_data.virtual_welding_status\"]: expected true or false");
     row("duplicate register", "\"R_PartCount\"", "\"R_SeamPose\"",
         ": registers[46].name: the name \"R_SeamPose\" comes twice");
-    row("duplicate name in a series", "\"SeamEnd\",", "\"P7\",", ":%1: points[5]: the name \"P7\" comes twice");
-    row("empty name", "\"tool0\"", "\"\"", ":%1: tools[0]: expected a name");
-    row("blank around a name", "\"tool0\"", "\" tool0\"", ":%1: tools[0]: expected a name");
-    row("control character in a name", "\"tool0\"", "\"tool\\u00000\"", ":%1: tools[0]: expected a name");
+    row("duplicate name in a series", "{ \"prefix\": \"GO\", \"first\": 1, \"count\": 16 }",
+        "[\"GO7\", { \"prefix\": \"GO\", \"first\": 1, \"count\": 16 }]",
+        ":%1: io.GO[1]: the name \"GO7\" comes twice");
+    row("duplicate point", "\"name\": \"Park\"", "\"name\": \"Home\"",
+        ":%1: points[1].name: the name \"Home\" comes twice");
+    row("blank point", "\"name\": \"Home\"", "\"name\": \"\\t\"", ":%1: points[0].name: expected a name");
+    row("point without a work object", "\"tool\": \"weld_head_long\", \"wobj\": \"table_right\"",
+        "\"tool\": \"weld_head_long\"", ":%1: points[7].wobj: missing");
+    row("point of five numbers", "[620, 0, 780, 180, 0, 180]", "[620, 0, 780, 180, 0]",
+        ":%1: points[0].position: expected 6 numbers");
+    row("point out of reach", "[620, 0, 780, 180, 0, 180]", "[620, 0, -1e6, 180, 0, 180]",
+        ":%1: points[0].position[2]: expected a number from -999999 to 999999");
+    row("endless number", "[620, 0, 780, 180, 0, 180]", "[620, 0, 1e999, 180, 0, 180]", ":%1: not JSON: ");
+    row("angle", "[704.2, -35.5, 498, 180, 0, 90]", "[704.2, -35.5, 498, 360.5, 0, 90]",
+        ":%1: position[3]: expected a number from -360 to 360");
+    row("point of an unknown tool", "\"tool\": \"weld_head_long\"", "\"tool\": \"weld_head_short\"",
+        ":%1: points[7].tool: \"weld_head_short\" is not in the list \"tools\"");
+    row("point of an unknown work object", "\"wobj\": \"table_right\"", "\"wobj\": \"weld_head\"",
+        ":%1: points[7].wobj: \"weld_head\" is not in the list \"wobjs\"");
+    row("empty name", "[\"tool0\"", "[\"\"", ":%1: tools[0]: expected a name");
+    row("blank around a name", "[\"tool0\"", "[\" tool0\"", ":%1: tools[0]: expected a name");
+    row("control character in a name", "[\"tool0\"", "[\"tool\\u00000\"", ":%1: tools[0]: expected a name");
     row("too many names", "{ \"prefix\": \"GI\", \"first\": 1, \"count\": 16 }",
         "[\"G\", { \"prefix\": \"GI\", \"first\": 1, \"count\": 10000 }]",
         ":%1: io.GI[1]: the list has more than 10000 names");
@@ -237,32 +260,57 @@ void TestCellFile::onlyRegularFiles()
     QVERIFY(loadCell(link, &m_fault));
 }
 
+void TestCellFile::stateKeepsPoints()
+{
+    const QString path = m_folder.filePath(QStringLiteral("points.json"));
+    const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
+    QVector<RobotPoint> points = cell->points;
+    // To the last digit, and with a tool of which only another cell knows.
+    points.append({QStringLiteral("\u7126 1"), {1.0 / 3, -999999, 1e-9, 359.99999999, -360, 0}, "tool9", "wobj9"});
+    for (const QVector<RobotPoint>& kept : {points, QVector<RobotPoint>()}) {
+        QCOMPARE(saveState(path, cell->nodes, kept), QString());
+        const auto state = loadState(path, &m_fault);
+        QVERIFY2(state, qPrintable(m_fault.message()));
+        QVERIFY(state->points == kept && state->nodes == cell->nodes);
+    }
+    const QByteArray nodes = "{\"nodes\":" + QJsonDocument(cell->nodes).toJson(QJsonDocument::Compact);
+    const auto withoutPoints = loadState(write(QStringLiteral("nodesonly.json"), nodes + '}'), &m_fault);
+    QVERIFY(withoutPoints && !withoutPoints->points);
+    const QByteArray bad = ",\n\"points\": [\n{\"name\": \"A\", \"position\": [1, 2, 3, 4, 5, 6],\n"
+                           "\"tool\": \"\", \"wobj\": \"w\"}]}";
+    QVERIFY(!loadState(write(QStringLiteral("bad.json"), nodes + bad), &m_fault));
+    QVERIFY2(m_fault.message().contains(QLatin1String("bad.json:4: points[0].tool: expected a name")),
+             qPrintable(m_fault.message()));
+}
+
 void TestCellFile::stateIsReplacedAsAWhole()
 {
     const QString path = m_folder.filePath(QStringLiteral("state.json"));
     const QString oldFile = m_folder.filePath(QStringLiteral("old.json"));
     QVERIFY(!loadState(write(QStringLiteral("bad.json"), "{\"nodes\": { \"weld_io_config\": 4 } }"), &m_fault));
-    QCOMPARE(loadState(path, &m_fault), QJsonObject());
-    const QJsonObject nodes = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault)->nodes;
+    const auto nodesIn = [this](const QString& file) { return loadState(file, &m_fault)->nodes; };
+    QVERIFY(!nodesIn(path));
+    const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
+    const QJsonObject nodes = cell->nodes;
     QJsonObject otherNodes = nodes;
     otherNodes.insert(QLatin1String(node::kMatch), QJsonValue::Null);
     // The old file, here under a second name, stays what it was.
-    QCOMPARE(saveState(path, nodes), QString());
+    QCOMPARE(saveState(path, nodes, cell->points), QString());
     QCOMPARE(link(qPrintable(path), qPrintable(oldFile)), 0);
-    QCOMPARE(saveState(path, otherNodes), QString());
-    QCOMPARE(loadState(oldFile, &m_fault), nodes);
-    QCOMPARE(loadState(path, &m_fault), otherNodes);
+    QCOMPARE(saveState(path, otherNodes, {}), QString());
+    QVERIFY(nodesIn(oldFile) == nodes);
+    QVERIFY(nodesIn(path) == otherNodes);
     // A write that gets no further than 4 KiB.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
     const rlim_t before = std::exchange(limit.rlim_cur, 4096);
     setrlimit(RLIMIT_FSIZE, &limit);
-    const QString reason = saveState(path, nodes);
+    const QString reason = saveState(path, nodes, cell->points);
     limit.rlim_cur = before;
     setrlimit(RLIMIT_FSIZE, &limit);
     QCOMPARE(reason, qt_error_string(EFBIG));
-    QCOMPARE(loadState(path, &m_fault), otherNodes);
+    QVERIFY(nodesIn(path) == otherNodes);
 }
 
 QTEST_GUILESS_MAIN(TestCellFile)

@@ -35,6 +35,10 @@ private slots:
     void forcedAnswers();
     void unknownCommand();
     void withoutConnection();
+    void storesPoints();
+    void refusesPoints_data();
+    void refusesPoints();
+    void staysWithinReach();
     void slowAnswer();
 
 private:
@@ -150,6 +154,68 @@ void TestSimulatedController::withoutConnection()
     m_controller->setConnected(true);
     QCOMPARE(m_controller->published(QLatin1String(node::kSetting)), QJsonValue(before));
     QVERIFY(m_controller->published(QStringLiteral("weld_setting_config.none.deeper")).isUndefined());
+}
+
+void TestSimulatedController::storesPoints()
+{
+    QSignalSpy changes(m_controller.get(), &SimulatedController::pointsChanged);
+    QVector<RobotPoint> expected = m_controller->points();
+    const int before = expected.size();
+    const Pose first = {1, 2, 3.25, 4, 5, 6};
+    m_controller->setPosition(first);
+    QCOMPARE(m_controller->addPoint("p1", false, "weld_head", "table_left"), QString());
+    expected.append({"p1", first, "weld_head", "table_left"});
+    QVERIFY(m_controller->points() == expected);
+    // Another position, tool and work object for one that is there, in its old place.
+    const Pose second = {-1, -2, -3, -4, -5, -6};
+    m_controller->setPosition(second);
+    QCOMPARE(m_controller->addPoint("Park", true, "seam_sensor", "fixture_a"), QString());
+    expected[1] = {"Park", second, "seam_sensor", "fixture_a"};
+    QVERIFY(m_controller->points() == expected);
+    QCOMPARE(changes, QList<QVariantList>({{before}, {1}}));
+}
+
+void TestSimulatedController::refusesPoints_data()
+{
+    QTest::addColumn<QStringList>("arguments"); // name, tool, work object
+    QTest::addColumn<bool>("overwrite");
+    QTest::addColumn<bool>("connected");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* name, const QStringList& arguments, bool overwrite, const char* reason) {
+        QTest::newRow(name) << arguments << overwrite << (qstrcmp(name, "line down") != 0) << QString(reason);
+    };
+    row("line down", {"new", "tool0", "wobj0"}, true, "no connection");
+    row("there already", {"Home", "tool0", "wobj0"}, false, "\"Home\" is there already");
+    row("empty", {"", "tool0", "wobj0"}, true, "is no name");
+    row("blank", {" \t", "tool0", "wobj0"}, true, "is no name");
+    row("blank at the end", {"Home ", "tool0", "wobj0"}, true, "is no name");
+    row("half a character", {QString(QChar(0xd800)), "tool0", "wobj0"}, true, "is no name");
+    row("no tool", {"new", "", "wobj0"}, true, "no tool \"\"");
+    row("unknown work object", {"new", "tool0", "tool0"}, true, "no work object \"tool0\"");
+}
+
+void TestSimulatedController::refusesPoints()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, overwrite);
+    QFETCH(bool, connected);
+    QFETCH(QString, reason);
+    QSignalSpy changes(m_controller.get(), &SimulatedController::pointsChanged);
+    const QVector<RobotPoint> before = m_controller->points();
+    m_controller->setConnected(connected);
+    const QString said = m_controller->addPoint(arguments.at(0), overwrite, arguments.at(1), arguments.at(2));
+    QVERIFY2(said.contains(reason), qPrintable(said));
+    QVERIFY(m_controller->points() == before && changes.isEmpty());
+}
+
+void TestSimulatedController::staysWithinReach()
+{
+    QSignalSpy moves(m_controller.get(), &SimulatedController::positionChanged);
+    m_controller->setPosition({1e9, -1e9, 0.125, 361, -361, qQNaN()});
+    const Pose reached = m_controller->position();
+    QVERIFY(reached == (Pose{999999, -999999, 0.125, 360, -360, reached.c}) && qAbs(reached.c) <= 360);
+    m_controller->setPosition(reached);
+    QCOMPARE(moves.size(), 1);
 }
 
 void TestSimulatedController::slowAnswer()
