@@ -6,6 +6,7 @@
 #include "simulator/nodespanel.h"
 #include "simulator/noticebar.h"
 #include "simulator/pluginarea.h"
+#include "simulator/pointspanel.h"
 #include "simulator/simulatedmark.h"
 #include "simulator/statefile.h"
 #include "simulator/stationbar.h"
@@ -169,6 +170,7 @@ QTabWidget* PendantWindow::createInspector()
     scroll->setWidget(new ControllerPanel(m_controller, find, statusItem));
     inspector->addTab(scroll, tr("Controller"));
     inspector->addTab(new NodesPanel(m_controller, inspector), tr("Nodes"));
+    inspector->addTab(new PointsPanel(m_controller, inspector), tr("Points"));
     return inspector;
 }
 

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -34,6 +35,8 @@ private slots:
     void stationFollowsAndCommands();
     void noSheetReachesThePage();
     void reconnectingTellsThePlugin();
+    void positionIsMovedAndFollowed();
+    void storedPointsAreShown();
     void stateIsKeptOrItsLossShown();
     void fingersReachOnlyWhatIsThere();
     void closingDuringASlowCommand();
@@ -258,6 +261,63 @@ void TestPendantWindow::reconnectingTellsThePlugin()
     m_controller->setConnected(true);
     QCOMPARE(connects.size(), 1);
     QCOMPARE(pendixInterface()->getRegisterHash().size(), 60);
+}
+
+void TestPendantWindow::positionIsMovedAndFollowed()
+{
+    m_window->findChild<QTabWidget*>(QStringLiteral("inspector"))->setCurrentIndex(3);
+    auto* x = m_window->findChild<QDoubleSpinBox*>(QStringLiteral("robotPositionX"));
+    auto* b = m_window->findChild<QDoubleSpinBox*>(QStringLiteral("robotPositionB"));
+    QVERIFY(x->isVisible() && b->isVisible());
+    QCOMPARE(x->value(), m_controller->position().x);
+    // More digits than the boxes show: showing them moves nothing, nor does moving along another axis.
+    const Pose exact = {1.00004, 2, 3, 4, 5.12345, 6};
+    m_controller->setPosition(exact);
+    QCOMPARE(b->cleanText(), QStringLiteral("5.123"));
+    QVERIFY(m_controller->position() == exact);
+    QCOMPARE(userinput::type(x, QStringLiteral("-12.")), QString());
+    // What is being typed is left alone.
+    QCOMPARE(x->cleanText(), QStringLiteral("-12."));
+    QVERIFY(m_controller->position() == (Pose{-12, 2, 3, 4, 5.12345, 6}));
+}
+
+void TestPendantWindow::storedPointsAreShown()
+{
+    const auto* table = m_window->findChild<QTableView*>(QStringLiteral("pointsTable"));
+    const QAbstractItemModel* model = table->model();
+    const auto rowText = [model](int row) {
+        QStringList texts;
+        for (int column = 0; column < model->columnCount(); ++column) {
+            texts.append(model->index(row, column).data().toString());
+        }
+        return texts.join(QLatin1Char(' '));
+    };
+    const auto isInView = [table](int row) {
+        return table->isVisible() &&
+               table->viewport()->rect().contains(table->visualRect(table->model()->index(row, 0)));
+    };
+    const int before = model->rowCount();
+    QCOMPARE(pendixInterface()->getPointNameList().size(), before);
+    m_controller->setPosition({1, -2.5, 3, 4, 5, 6});
+    for (int i = 1; i <= 60; ++i) {
+        pendixInterface()->addCurrentPoint(QStringLiteral("p%1").arg(i), false, "weld_head", "table_left");
+    }
+    QCOMPARE(model->rowCount(), before + 60);
+    QCOMPARE(rowText(before), QStringLiteral("p1 1.000 -2.500 3.000 4.000 5.000 6.000 weld_head table_left"));
+    // Also if the panel was hidden meanwhile.
+    m_window->findChild<QTabWidget*>(QStringLiteral("inspector"))->setCurrentIndex(3);
+    QTRY_VERIFY(isInView(before + 59));
+    m_controller->setPosition({});
+    pendixInterface()->addCurrentPoint(QStringLiteral("Home"), true, "tool0", "wobj0");
+    QCOMPARE(rowText(0), QStringLiteral("Home 0.000 0.000 0.000 0.000 0.000 0.000 tool0 wobj0"));
+    QTRY_VERIFY(isInView(0));
+
+    pendixInterface()->addCurrentPoint(QStringLiteral("Home"), false, "tool0", "wobj0");
+    QCOMPARE(model->rowCount(), before + 60);
+    const JournalEntry& last = m_journal->at(m_journal->size() - 1);
+    QCOMPARE(last.kind, EntryKind::Notice);
+    QCOMPARE(last.level, QStringLiteral("warning"));
+    QVERIFY2(last.text.contains(QLatin1String("\"Home\" is there already")), qPrintable(last.text));
 }
 
 void TestPendantWindow::stateIsKeptOrItsLossShown()
