@@ -64,4 +64,54 @@ QJsonValue registerMetadata()
     return host != nullptr ? host->getRegisterValue() : QJsonValue(QJsonValue::Undefined);
 }
 
+QStringList pointNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getPointNameList() : QStringList();
+}
+
+QStringList toolNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getToolList() : QStringList();
+}
+
+QStringList wobjNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getWobjList() : QStringList();
+}
+
+QStringList speedNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getSpeedList() : QStringList();
+}
+
+QStringList zoneNames()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getZoneList() : QStringList();
+}
+
+QString currentTool()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getCurTool() : QString();
+}
+
+QString currentWobj()
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? host->getCurWobj() : QString();
+}
+
+void storeCurrentPoint(const QString& name, const QString& tool, const QString& wobj)
+{
+    if (pendix::InterfaceManager* host = pendixInterface()) {
+        constexpr bool kOverwrite = false;
+        host->addCurrentPoint(name, kOverwrite, tool, wobj);
+    }
+}
+
 } // namespace controller

@@ -39,6 +39,21 @@ QStringList registerNames();
 /// Register metadata as the controller publishes it, normally an array of objects.
 QJsonValue registerMetadata();
 
+/// Names of the defined points (robtargets), tools, work objects, speed data and zone data, in the host's order.
+QStringList pointNames();
+QStringList toolNames();
+QStringList wobjNames();
+QStringList speedNames();
+QStringList zoneNames();
+
+/// The active tool and work object.
+QString currentTool();
+QString currentWobj();
+
+/// Stores the robot's current position as a new point, in the given tool and work object. An existing point of
+/// that name stays as it is. The host reports nothing back: what goes wrong is its own to show.
+void storeCurrentPoint(const QString& name, const QString& tool, const QString& wobj);
+
 } // namespace controller
 
 #endif

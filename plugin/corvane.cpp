@@ -5,6 +5,7 @@
 #include "common/names.h"
 #include "page/laserweldpage.h"
 #include "page/showstatusbar.h"
+#include "rl/rllaserwelddefine.h"
 
 #include "pendix/hostui.h"
 #include "pendix/interfacemanager.h"
@@ -48,6 +49,8 @@ void Corvane::init()
 void Corvane::afterInit()
 {
     logLine(LogLevel::Information) << "PendixDemo::initData()";
+    // What it registers outlives it.
+    const RlLaserWeldDefine instructions(this);
 }
 
 void Corvane::render()

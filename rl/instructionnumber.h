@@ -1,0 +1,22 @@
+#ifndef RL_INSTRUCTIONNUMBER_H
+#define RL_INSTRUCTIONNUMBER_H
+
+#include <QString>
+
+#include <cmath>
+
+/// A number as the motion instructions carry it: six significant digits, no trailing zeros.
+inline QString instructionNumber(double value)
+{
+    constexpr int kSignificantDigits = 6;
+    return QString::number(value, 'g', kSignificantDigits);
+}
+
+/// The number that an argument stands for; 0 when it is none, and "nan" is none.
+inline double instructionNumber(const QString& argument)
+{
+    const double value = argument.toDouble();
+    return std::isnan(value) ? 0.0 : value;
+}
+
+#endif

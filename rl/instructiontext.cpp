@@ -1,0 +1,45 @@
+#include "rl/instructiontext.h"
+
+#include "common/logline.h"
+#include "rl/callscanner.h"
+
+namespace corvane::util
+{
+
+bool extractFunctionAndParameters(const QString& input, QString& functionName, QStringList& parameters)
+{
+    // The input may be one of the outputs.
+    const QString text = input;
+    functionName.clear();
+    parameters.clear();
+    const std::optional<CallText> call = scanCall(text);
+    if (!call) {
+        logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << text;
+        return false;
+    }
+    functionName = call->name.toString();
+    if (call->arguments.isEmpty()) {
+        logLine(LogLevel::Error) << "Extracted Parameter List: (Empty)";
+        return true;
+    }
+    parameters = splitArguments(call->arguments);
+    logLine(LogLevel::Debug) << "functionName:" << functionName << ",parameterList:" << parameters;
+    return true;
+}
+
+QString removePrefixAndSuffix(const QString& text, const QString& prefix, const QString& suffix)
+{
+    const int ends = prefix.size() + suffix.size();
+    if (ends > text.size() || !text.startsWith(prefix) || !text.endsWith(suffix)) {
+        return text;
+    }
+    return text.mid(prefix.size(), text.size() - ends);
+}
+
+} // namespace corvane::util
+
+QString unwrapQuotes(const QString& text)
+{
+    const QString quote = QStringLiteral("\"");
+    return corvane::util::removePrefixAndSuffix(text, quote, quote);
+}
