@@ -1,7 +1,7 @@
 #include "simulator/jsonfile.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "simulator/wholefile.h"
+
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -15,8 +15,6 @@ namespace sim
 
 namespace
 {
-
-constexpr qint64 kLargestFile = 16LL * 1024 * 1024;
 
 /// Qt's reader gives the values but neither their places nor duplicate members; this one gives both.
 /// Its text must already have passed Qt's reader, which bounds the nesting at 1024 levels.
@@ -72,55 +70,6 @@ FileFault readerFault(const QString& path, const std::string& errors)
     return syntaxFault(path, match.captured(1).toInt(), words.left(1).toLower() + words.mid(1));
 }
 
-QString escaped(const QString& text)
-{
-    QString result;
-    for (const QChar c : text) {
-        if (c.category() == QChar::Other_Control) {
-            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
-
-std::optional<QByteArray> readBytes(const QString& path, FileFault* fault)
-{
-    const QFileInfo info(path);
-    if (info.isDir()) {
-        *fault = {path, 0, {}, JsonFile::tr("is a folder")};
-        return std::nullopt;
-    }
-    // A pipe or a device could keep the reader waiting for ever.
-    if (info.exists() && !info.isFile()) {
-        *fault = {path, 0, {}, JsonFile::tr("is no regular file")};
-        return std::nullopt;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *fault = {path, 0, {}, JsonFile::tr("can't be read: %1").arg(file.errorString())};
-        return std::nullopt;
-    }
-    QByteArray text = file.read(kLargestFile + 1);
-    if (file.error() != QFileDevice::NoError) {
-        *fault = {path, 0, {}, JsonFile::tr("can't be read: %1").arg(file.errorString())};
-        return std::nullopt;
-    }
-    if (text.size() > kLargestFile) {
-        *fault = {path, 0, {}, JsonFile::tr("is larger than 16 MiB")};
-        return std::nullopt;
-    }
-    if (text.startsWith("\xEF\xBB\xBF")) {
-        text.remove(0, 3);
-    }
-    if (text.trimmed().isEmpty()) {
-        *fault = {path, 1, {}, JsonFile::tr("the file is empty")};
-        return std::nullopt;
-    }
-    return text;
-}
-
 } // namespace
 
 JsonPath JsonPath::operator/(const QString& member) const
@@ -154,20 +103,14 @@ QString JsonPath::toString() const
     return text;
 }
 
-QString FileFault::message() const
-{
-    QString place = file;
-    if (line > 0) {
-        place += QLatin1Char(':') + QString::number(line);
-    }
-    place += QLatin1String(": ");
-    return escaped(member.isEmpty() ? place + text : place + member + QLatin1String(": ") + text);
-}
-
 std::optional<JsonFile> JsonFile::read(const QString& path, FileFault* fault)
 {
-    const std::optional<QByteArray> text = readBytes(path, fault);
+    const std::optional<QByteArray> text = readWholeFile(path, fault);
     if (!text) {
+        return std::nullopt;
+    }
+    if (text->trimmed().isEmpty()) {
+        *fault = {path, 1, {}, tr("the file is empty")};
         return std::nullopt;
     }
     QJsonParseError error;

@@ -1,6 +1,8 @@
 #ifndef SIMULATOR_JSONFILE_H
 #define SIMULATOR_JSONFILE_H
 
+#include "simulator/filefault.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -25,18 +27,6 @@ public:
 
 private:
     QVector<QVariant> m_steps;
-};
-
-/// What is wrong in a file, and where.
-struct FileFault {
-    QString file;
-    int line = 0;   ///< from 1; 0: the file as a whole
-    QString member; ///< empty: no particular member
-    QString text;
-
-    /// "cell.json:42: registers[3].len: expected a whole number from 1 to 1000". Control characters, as a
-    /// member's name may have them, are escaped.
-    QString message() const;
 };
 
 /// A JSON object read from a file, with the lines on which its values stand.

@@ -3,10 +3,10 @@
 #include "simulator/jsoncheck.h"
 #include "simulator/nodeschema.h"
 #include "simulator/pointschema.h"
+#include "simulator/wholefile.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace sim
 {
@@ -46,22 +46,8 @@ std::optional<State> loadState(const QString& path, FileFault* fault)
 
 QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return file.errorString();
-    }
     const QJsonObject root = {{QLatin1String(kNodes), nodes}, {QLatin1String(kPoints), pointsToJson(points)}};
-    const QByteArray text = QJsonDocument(root).toJson();
-    // A full disk takes a part first; why it takes no more comes to light with the rest.
-    qint64 written = 0;
-    while (written < text.size()) {
-        const qint64 part = file.write(text.constData() + written, text.size() - written);
-        if (part <= 0) {
-            return file.errorString();
-        }
-        written += part;
-    }
-    return file.commit() ? QString() : file.errorString();
+    return writeWholeFile(path, QJsonDocument(root).toJson());
 }
 
 } // namespace sim

@@ -1,0 +1,23 @@
+#ifndef SIMULATOR_FILEFAULT_H
+#define SIMULATOR_FILEFAULT_H
+
+#include <QString>
+
+namespace sim
+{
+
+/// What is wrong in a file, and where.
+struct FileFault {
+    QString file;
+    int line = 0;   ///< from 1; 0: the file as a whole
+    QString member; ///< empty: no particular member
+    QString text;
+
+    /// "cell.json:42: registers[3].len: expected a whole number from 1 to 1000". Control characters, as a
+    /// member's name may have them, are escaped.
+    QString message() const;
+};
+
+} // namespace sim
+
+#endif
