@@ -1,0 +1,29 @@
+#ifndef SIMULATOR_PROGRAM_INSTRUCTIONLINE_H
+#define SIMULATOR_PROGRAM_INSTRUCTIONLINE_H
+
+#include <QString>
+
+namespace sim
+{
+
+/// A program line in its two parts: code + comment is the line again.
+struct InstructionLine {
+    QString code;
+    QString comment; ///< from "//" on, with the white space before it; empty: the line has none
+};
+
+/// Takes a line apart. A "//" between double quotes belongs to the code; a quote that is never closed reaches to the
+/// end of the line.
+InstructionLine splitLine(const QString& line);
+
+/// What stands before the first parenthesis of a line's code, without the white space around it; all of the code
+/// when it has no parenthesis. Empty for a line without code.
+QString instructionName(const QString& line);
+
+/// Why a text can't be a line of a program: it has a line break, another control character than a tab, or half a
+/// surrogate pair. Empty for a text that can.
+QString lineFault(const QString& line);
+
+} // namespace sim
+
+#endif
