@@ -1,0 +1,201 @@
+#include "simulator/program/templateeditor.h"
+
+#include <QComboBox>
+#include <QSpinBox>
+#include <QtTest>
+
+using namespace sim;
+
+namespace
+{
+
+const QString kForward = QStringLiteral("LsWireFwd($Wire feed speed [1-100](mm/s):#spn#1,100#true$, "
+                                        "$Wire feed time [1-10000](ms):#spn#1,10000#true$);");
+const QString kBackward = QStringLiteral("LsWireBwd($Speed:#spn#-100,-1#true$;$Time:#spn#0,10#false$)");
+const QString kMatch = QStringLiteral("LsParaMatch($Sched:#cmb#\"PowerData1\"/\"PowerData2\"/\"Power, 10)\"#true$);");
+const QString kPair = QStringLiteral("Pair( $A:#cmb#\"a,\"/%1#true$ , $B:#cmb#b, c/d)#true$ ) ;");
+
+InstructionTemplate parsed(const QString& text)
+{
+    QString fault;
+    const auto result = InstructionTemplate::parse(text, &fault);
+    if (!result) {
+        qFatal("%s: %s", qPrintable(text), qPrintable(fault));
+    }
+    return *result;
+}
+
+} // namespace
+
+class TestInstructionTemplate : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fieldsAreRead();
+    void faultNamesTheField_data();
+    void faultNamesTheField();
+    void valuesComeBack_data();
+    void valuesComeBack();
+    void valuesOfForeignLines_data();
+    void valuesOfForeignLines();
+    void editorTakesWhatItsFieldsAllow_data();
+    void editorTakesWhatItsFieldsAllow();
+    void longLinesTakeNoTime();
+};
+
+void TestInstructionTemplate::fieldsAreRead()
+{
+    QVERIFY(InstructionTemplate::isTemplate(kForward) && !InstructionTemplate::isTemplate(QStringLiteral("LaserOff")));
+    const auto fields = parsed(kForward).fields();
+    QCOMPARE(fields.size(), 2);
+    QCOMPARE(fields.at(1).label, QStringLiteral("Wire feed time [1-10000](ms):"));
+    QCOMPARE(fields.at(1).minimum, 1);
+    QCOMPARE(fields.at(1).maximum, 10000);
+    QCOMPARE(parsed(kMatch).fields().first().items.last(), QStringLiteral("\"Power, 10)\""));
+}
+
+void TestInstructionTemplate::faultNamesTheField_data()
+{
+    QTest::addColumn<QString>("fault");
+    const char* const rows[][2] = {
+        {"f();", "has no field"},
+        {"f($a#spn#1,2#true$,$b#spn#1,2#true);", "field 2: it has no $ at its end"},
+        {"f($a#spn#1,2$);", "field 1: it has not 4 parts, but 3"},
+        {"f($a#spn#1,2#true#$);", "field 1: it has not 4 parts, but 5"},
+        {"f($ #spn#1,2#true$);", "field 1: it has no label"},
+        {"f($a#spin#1,2#true$);", "field 1: there is no kind spin"},
+        {"f($a#spn#1,2#yes$);", "field 1: expected true or false, not yes"},
+        {"f($a#spn#1#true$);", "field 1: the range 1 is not two whole numbers"},
+        {"f($a#spn#1,2,3#true$);", "field 1: the range 1,2,3 is not two whole numbers"},
+        {"f($a#spn#0.5,2#true$);", "field 1: the range 0.5,2 is not two whole numbers"},
+        {"f($a#spn#1,9999999999#true$);", "field 1: the range 1,9999999999 is not two whole numbers"},
+        {"f($a#spn#3,2#true$);", "field 1: the range 3,2 has its minimum above"},
+        {"f($a#spn#1,2#true$,$b#cmb##true$);", "field 2: an item is empty"},
+        {"f($a#cmb#x/ /y#true$);", "field 1: an item is empty"},
+        {"f($a#cmb#x/y/ x#true$);", "field 1: the item x is there twice"},
+        {"f($a#cmb#\"x/\"y\"#true$);", "field 1: the item \"x has a quote that is not closed"},
+        {"f($a#spn#1,2#true$ $b#spn#1,2#true$);", "field 1: nothing stands between it and the next"},
+        {"f($a#spn#1,2#true$0$b#spn#1,2#true$);", "field 1: a value can have the 0 in it"},
+        {"f($a#spn#-1,2#true$-$b#spn#1,2#true$);", "field 1: a value can have the - in it"},
+        {"f($a#cmb#1/1,2#true$ ,$b#spn#1,2#true$);", "field 1: a value can have the , in it"},
+        {"f($a#spn#1,2#true$); // b", "has a comment"},
+    };
+    for (const auto& [text, fault] : rows) {
+        QTest::newRow(text) << QString::fromLatin1(fault);
+    }
+}
+
+void TestInstructionTemplate::faultNamesTheField()
+{
+    QFETCH(QString, fault);
+    QString told;
+    QVERIFY(!InstructionTemplate::parse(QString::fromLatin1(QTest::currentDataTag()), &told));
+    QVERIFY2(told.startsWith(fault), qPrintable(told));
+}
+
+void TestInstructionTemplate::valuesComeBack_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("values");
+    QTest::addColumn<QString>("line");
+    const auto row = [](const char* name, const QString& text, const QStringList& values, const char* line) {
+        QTest::newRow(name) << text << values << QString::fromLatin1(line);
+    };
+    row("numbers", kForward, {QStringLiteral("1"), QStringLiteral("10000")}, "LsWireFwd(1, 10000);");
+    row("place holders", kForward, {QStringLiteral("%2"), QStringLiteral("%1")}, "LsWireFwd(%2, %1);");
+    row("separator in quotes", kMatch, {QStringLiteral("\"Power, 10)\"")}, "LsParaMatch(\"Power, 10)\");");
+    row("end in the last value", kPair, {QStringLiteral("\"a,\""), QStringLiteral("d)")}, "Pair( \"a,\" , d) ) ;");
+    row("quotes in the literals", QStringLiteral("On(\"$A:#cmb#x/y#true$\", \"$B:#cmb#x/y#true$\""),
+        {QStringLiteral("y"), QStringLiteral("x")}, "On(\"y\", \"x\"");
+    row("fields only", QStringLiteral("$A:#spn#1,2#true$=$B:#cmb#=/x#true$"),
+        {QStringLiteral("2"), QStringLiteral("=")}, "2==");
+}
+
+void TestInstructionTemplate::valuesComeBack()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, values);
+    const InstructionTemplate instruction = parsed(text);
+    QTEST(instruction.line(values), "line");
+    QCOMPARE(instruction.values(instruction.line(values)), values);
+}
+
+void TestInstructionTemplate::valuesOfForeignLines_data()
+{
+    QTest::addColumn<QString>("values");
+    const char* const rows[][2] = {
+        {"Pair(\"a,\",d));", "\"a,\"|d)"},
+        {"\tPair(  \"a,\"\t,  b,  c)  ;  ", "\"a,\"|b,  c"},
+        {"Pair(,);", "|"},
+        {"Pair(\"a", "-"},
+        {"Pair(1);", "-"},
+        {"Pair(1,2); x", "-"},
+        {"Pairs(1,2);", "-"},
+        {"x Pair(1,2);", "-"},
+        {"", "-"},
+    };
+    for (const auto& [code, values] : rows) {
+        QTest::newRow(code) << QString::fromLatin1(values);
+    }
+}
+
+void TestInstructionTemplate::valuesOfForeignLines()
+{
+    const auto values = parsed(kPair).values(QString::fromLatin1(QTest::currentDataTag()));
+    QTEST(values ? values->join(QLatin1Char('|')) : QStringLiteral("-"), "values");
+}
+
+void TestInstructionTemplate::editorTakesWhatItsFieldsAllow_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("result");
+    const auto row = [](const QString& text, const char* line, const char* result) {
+        QTest::newRow(line) << text << QString::fromLatin1(line) << QString::fromLatin1(result);
+    };
+    row(kForward, "LsWireFwd(0,10001); // LsWireFwd(3,4);", "LsWireFwd(1, 10000);");
+    row(kForward, "LsWireFwd(-99999999999999999999, +99999999999999999999);", "LsWireFwd(1, 10000);");
+    row(kForward, "LsWireFwd(1.5, 0070);", "LsWireFwd(50, 70);");
+    row(kForward, "LsWireFwd(, );", "LsWireFwd(50, 60);");
+    row(kForward, "LsWireFwd(7);", "LsWireFwd(50, 60);");
+    row(kForward, "", "LsWireFwd(50, 60);");
+    row(kBackward, "LsWireBwd(-7;-8)//", "LsWireBwd(-7;0)");
+    row(kMatch, "LsParaMatch( \"PowerData2\" ) ;", "LsParaMatch(\"PowerData1\");");
+    row(kMatch, "LsParaMatch( \"PowerData2\" );", "LsParaMatch(\"PowerData2\");");
+    row(kMatch, "LsParaMatch(PowerData2);", "LsParaMatch(\"PowerData1\");");
+    row(kMatch, "LsParaMatch(\"powerdata2\");", "LsParaMatch(\"PowerData1\");");
+}
+
+void TestInstructionTemplate::editorTakesWhatItsFieldsAllow()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, line);
+    TemplateEditor editor(parsed(text));
+    editor.FillWith(QStringLiteral("LsWireFwd(50, 60);"));
+    editor.FillWith(line);
+    QTEST(editor.ToString(), "result");
+    QVERIFY(editor.CheckInsert() && editor.CheckReplace());
+    // What the operator enters goes into the line as well.
+    if (auto* number = editor.findChild<QSpinBox*>(QStringLiteral("field2"))) {
+        number->setValue(10);
+        QVERIFY(editor.ToString().contains(QLatin1String("10)")));
+    } else {
+        editor.findChild<QComboBox*>(QStringLiteral("field1"))->setCurrentIndex(2);
+        QVERIFY(editor.ToString().contains(QLatin1String("(\"Power, 10)\")")));
+    }
+}
+
+void TestInstructionTemplate::longLinesTakeNoTime()
+{
+    const InstructionTemplate instruction = parsed(kPair);
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& part : {QStringLiteral(" "), QStringLiteral(", "), QStringLiteral(");")}) {
+        QVERIFY(!instruction.values(QLatin1String("Pair(a,") + part.repeated(300000) + QLatin1Char('x')));
+    }
+    QVERIFY(timer.elapsed() < 5000);
+}
+
+QTEST_MAIN(TestInstructionTemplate)
+#include "tst_instructiontemplate.moc"
