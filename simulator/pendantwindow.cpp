@@ -7,10 +7,12 @@
 #include "simulator/noticebar.h"
 #include "simulator/pluginarea.h"
 #include "simulator/pointspanel.h"
+#include "simulator/program/programeditor.h"
 #include "simulator/simulatedmark.h"
 #include "simulator/statefile.h"
 #include "simulator/stationbar.h"
 
+#include <QCloseEvent>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -18,6 +20,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -74,7 +77,9 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_journal(journal),
       m_station(new StationBar(controller, this)),
       m_splitter(new QSplitter(Qt::Horizontal, this)),
+      m_centre(new QStackedWidget(this)),
       m_plugins(new PluginArea(host, this)),
+      m_program(new ProgramEditor(controller, this)),
       m_messages(new MessageArea(this)),
       m_notices(new NoticeBar(this)),
       m_statusItems(new QHBoxLayout)
@@ -100,6 +105,7 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
     layout->addWidget(separator());
     layout->addWidget(m_splitter, 1);
 
+    connectProgram();
     connect(m_station, &StationBar::showPageAgain, this, &PendantWindow::showPageAgain);
     connect(m_station, &StationBar::showInspector, inspector, &QWidget::setVisible);
     connect(host, &SimHost::operatorMessage, m_messages, &MessageArea::add);
@@ -149,11 +155,40 @@ QWidget* PendantWindow::createPendant()
     auto* layout = new QVBoxLayout(pendant);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_plugins, 1);
+    m_centre->addWidget(m_plugins);
+    m_centre->addWidget(m_program);
+    layout->addWidget(m_centre, 1);
     layout->addWidget(separator());
     layout->addWidget(status);
     layout->addWidget(m_messages);
     return pendant;
+}
+
+void PendantWindow::connectProgram()
+{
+    connect(m_station, &StationBar::showProgram, this,
+            [this](bool shown) { m_centre->setCurrentWidget(shown ? static_cast<QWidget*>(m_program) : m_plugins); });
+    connect(m_program, &ProgramEditor::notice, this, &PendantWindow::notice);
+    connect(m_program, &ProgramEditor::refused, this,
+            [this](const QString& words) { m_journal->addNotice(tr("warning"), words); });
+}
+
+void PendantWindow::showProgram(bool shown)
+{
+    m_station->setProgramShown(shown);
+}
+
+void PendantWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_program->program()->isModified()) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    m_program->afterSaving([this] {
+        m_program->program()->undoStack()->setClean();
+        close();
+    });
 }
 
 QTabWidget* PendantWindow::createInspector()
@@ -180,6 +215,7 @@ void PendantWindow::addPlugin(const LoadResult& result)
         m_journal->addNotice(tr("error"), tr("%1: %2").arg(result.file, result.reason));
     }
     m_plugins->add(result);
+    m_program->readRegistry();
 }
 
 void PendantWindow::keepState(const QString& file)
@@ -202,7 +238,7 @@ void PendantWindow::notice(const QString& text)
 
 QWidget* PendantWindow::findShown(const QString& objectName) const
 {
-    return findVisible(m_plugins, objectName);
+    return findVisible(m_centre, objectName);
 }
 
 QWidget* PendantWindow::mirroredWidget(const QString& objectName) const

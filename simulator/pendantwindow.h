@@ -8,6 +8,7 @@
 
 class QHBoxLayout;
 class QSplitter;
+class QStackedWidget;
 class QTabWidget;
 
 namespace sim
@@ -16,11 +17,12 @@ namespace sim
 class MessageArea;
 class NoticeBar;
 class PluginArea;
+class ProgramEditor;
 class StationBar;
 
-/// The pendant on the desk: simulated mark, station controls, the plug-ins' pages with status line and operator
-/// messages, the inspector at the right. Uses no style sheet of its own: plug-ins style themselves, and a
-/// sheet up here would reach into their pages.
+/// The pendant on the desk: simulated mark, station controls, the plug-ins' pages or the program editor with status
+/// line and operator messages, the inspector at the right. Uses no style sheet of its own: plug-ins style themselves,
+/// and a sheet up here would reach into their pages.
 class PendantWindow : public QWidget
 {
     Q_OBJECT
@@ -44,14 +46,24 @@ public:
     /// Something that the simulator itself has to say: shown until dismissed and kept in the journal.
     void notice(const QString& text);
 
-    /// A visible widget of a plug-in's page by its object name; null if there is none.
+    ProgramEditor* programEditor() const { return m_program; }
+
+    /// The program editor instead of the plug-ins' pages, or these again.
+    void showProgram(bool shown);
+
+    /// A visible widget of what the pendant shows, a page or an editor, by its object name; null if there is none.
     QWidget* findShown(const QString& objectName) const;
 
     /// Does what the button "Show page again" does.
     void showPageAgain();
 
+protected:
+    /// Asks first when the program has changes that are not saved.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     QWidget* createPendant();
+    void connectProgram();
     QTabWidget* createInspector();
     void fitIntoScreen();
     void addStatusItem(const QString& plugin, QWidget* item, int position);
@@ -64,7 +76,9 @@ private:
     Journal* m_journal;
     StationBar* m_station;
     QSplitter* m_splitter;
+    QStackedWidget* m_centre;
     PluginArea* m_plugins;
+    ProgramEditor* m_program;
     MessageArea* m_messages;
     NoticeBar* m_notices;
     QHBoxLayout* m_statusItems;

@@ -71,6 +71,7 @@ LoadResult PluginLoader::load(const QString& file)
     LoadResult result;
     result.file = file;
     const QStringList known = pendixFactory()->names();
+    const pendix::RlRegistry instructions = pendix::RlRegistry::instance();
     if (!openLibrary(&result)) {
         return result;
     }
@@ -90,15 +91,16 @@ LoadResult PluginLoader::load(const QString& file)
     }
     for (const QString& name : qAsConst(result.names)) {
         if (!start(name, &result)) {
-            takeBack(result.names);
+            takeBack(result.names, instructions);
             break;
         }
     }
     return result;
 }
 
-void PluginLoader::takeBack(const QStringList& names)
+void PluginLoader::takeBack(const QStringList& names, const pendix::RlRegistry& instructions)
 {
+    pendix::RlRegistry::instance() = instructions;
     // A plug-in that failed half-way must not go on answering; its widgets go before the object they know.
     for (const QString& name : names) {
         m_host->withdraw(name);

@@ -55,7 +55,7 @@ public:
 private:
     bool openLibrary(LoadResult* result);
     bool start(const QString& name, LoadResult* result);
-    void takeBack(const QStringList& names);
+    void takeBack(const QStringList& names, const pendix::RlRegistry& instructions);
     bool guarded(LoadResult* result, LoadFault fault, const QString& step, const std::function<void()>& call);
 
     SimHost* m_host;

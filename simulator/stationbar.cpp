@@ -20,6 +20,7 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
       m_power(new QCheckBox(tr("Robot powered"), this)),
       m_connection(new QLabel(this)),
       m_connect(new QPushButton(this)),
+      m_program(new QPushButton(tr("Program"), this)),
       m_inspector(new QPushButton(tr("Inspector"), this))
 {
     for (int level = 0; level <= SimulatedController::kHighestLevel; ++level) {
@@ -29,6 +30,8 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     auto* again = new QPushButton(tr("Show page again"), this);
     again->setToolTip(tr("Hides the page and shows it again, as leaving it and coming back would.\n"
                          "Pages read operator level and controller when they are shown, not when these change."));
+    m_program->setCheckable(true);
+    m_program->setToolTip(tr("Shows the program editor in place of the plug-ins' pages."));
     m_inspector->setCheckable(true);
     m_inspector->setChecked(true);
     m_inspector->setToolTip(tr("Shows or hides the inspector; without it the page has the whole width."));
@@ -36,7 +39,7 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     auto* levelLabel = new QLabel(tr("Operator level"), this);
     levelLabel->setBuddy(m_level);
 
-    layOut({levelLabel, m_level, nullptr, m_power, nullptr, m_connection, m_connect}, {again, m_inspector});
+    layOut({levelLabel, m_level, nullptr, m_power, nullptr, m_connection, m_connect}, {m_program, again, m_inspector});
 
     connect(m_level, QOverload<int>::of(&QComboBox::currentIndexChanged), controller,
             &SimulatedController::setOperatorLevel);
@@ -44,6 +47,8 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     connect(m_connect, &QPushButton::clicked, controller,
             [controller] { controller->setConnected(!controller->isConnected()); });
     connect(again, &QPushButton::clicked, this, &StationBar::showPageAgain);
+    connect(m_program, &QPushButton::toggled, this, &StationBar::showProgram);
+    connect(m_program, &QPushButton::toggled, again, &QPushButton::setDisabled);
     connect(m_inspector, &QPushButton::toggled, this, &StationBar::showInspector);
     connect(controller, &SimulatedController::operatorLevelChanged, this, &StationBar::showLevel);
     connect(controller, &SimulatedController::poweredChanged, this, &StationBar::showPower);
@@ -70,6 +75,11 @@ void StationBar::layOut(const QVector<QWidget*>& left, const QVector<QWidget*>& 
     for (QWidget* widget : right) {
         layout->addWidget(widget);
     }
+}
+
+void StationBar::setProgramShown(bool shown)
+{
+    m_program->setChecked(shown);
 }
 
 void StationBar::setInspectorShown(bool shown)

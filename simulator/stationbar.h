@@ -23,10 +23,14 @@ class StationBar : public QWidget
 public:
     explicit StationBar(SimulatedController* controller, QWidget* parent = nullptr);
 
+    /// Puts the button "Program" into this state, and with it what the pendant shows.
+    void setProgramShown(bool shown);
     /// Puts the button "Inspector" into this state, and with it the inspector.
     void setInspectorShown(bool shown);
 
 signals:
+    /// The program editor instead of the plug-ins' pages, or these again.
+    void showProgram(bool shown);
     void showPageAgain();
     void showInspector(bool shown);
 
@@ -41,6 +45,7 @@ private:
     QCheckBox* m_power;
     QLabel* m_connection;
     QPushButton* m_connect;
+    QPushButton* m_program;
     QPushButton* m_inspector;
 };
 

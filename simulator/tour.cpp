@@ -1,5 +1,6 @@
 #include "simulator/tour.h"
 
+#include "simulator/programtour.h"
 #include "simulator/toursteps.h"
 #include "simulator/userinput.h"
 
@@ -38,7 +39,7 @@ Tour::Tour(PendantWindow* window, SimulatedController* controller, const Journal
 int Tour::run()
 {
     m_window->show();
-    for (const Step& step : tourSteps()) {
+    for (const Step& step : tourSteps() + programSteps()) {
         runStep(step);
         if (m_number == 1 && m_failed > 0) {
             m_out << tr("\nThe other steps need this one.");
@@ -57,6 +58,7 @@ void Tour::runStep(const Step& step)
 {
     ++m_number;
     m_mark = m_journal->size();
+    m_said.clear();
     m_complaints.clear();
     userinput::settle(kSettleMs);
     step.act(*this);
@@ -84,6 +86,9 @@ void Tour::print(const QString& title, const QString& picture)
     m_out << tr("   controller got: %1\n").arg(joined(commands));
     m_out << tr("   operator told:  %1\n").arg(joined(messages));
     m_out << tr("   picture:        %1\n").arg(picture);
+    for (const QString& line : qAsConst(m_said)) {
+        m_out << QStringLiteral("      | %1\n").arg(line);
+    }
     for (const QString& complaint : qAsConst(m_complaints)) {
         m_out << tr("   NOT AS IT SHOULD BE: %1\n").arg(complaint);
     }

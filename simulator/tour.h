@@ -45,6 +45,10 @@ public:
     /// Every command of this step left the operator without a word.
     void expectUntold();
     bool isEnabled(const QString& objectName) const;
+    /// Lines that are printed with the step.
+    void say(const QStringList& lines) { m_said += lines; }
+    /// A file in the folder of the pictures.
+    QString file(const QString& name) const { return m_folder.filePath(name); }
 
 private:
     void runStep(const Step& step);
@@ -60,6 +64,7 @@ private:
     int m_number = 0;
     int m_failed = 0;
     int m_mark = 0;           ///< length of the journal when the step began
+    QStringList m_said;       ///< by the step itself
     QStringList m_complaints; ///< what did not hold in the step
 };
 

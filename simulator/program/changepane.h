@@ -1,0 +1,49 @@
+#ifndef SIMULATOR_PROGRAM_CHANGEPANE_H
+#define SIMULATOR_PROGRAM_CHANGEPANE_H
+
+#include "simulator/program/program.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace sim
+{
+
+class EditorFrame;
+class SimulatedController;
+
+/// The selected line: which instruction it is, its property editor filled with it, and what that editor can't
+/// express, so that it is known before the line is replaced. The line's indentation and comment stay.
+class ChangePane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ChangePane(const Program* program, const SimulatedController* controller, QWidget* parent = nullptr);
+
+    /// Shows a row of the program in a new editor; one that does not exist stands for no selection.
+    void showRow(int row);
+
+signals:
+    void lineWritten(int row, const QString& line, const QString& instruction);
+    void refused(const QString& words);
+
+private:
+    void showNothing(const QString& why);
+    void replace();
+
+    const Program* m_program;
+    const SimulatedController* m_controller;
+    QLabel* m_match;
+    QLabel* m_roundTrip;
+    EditorFrame* m_frame;
+    QPushButton* m_replace;
+    int m_row = -1;
+    pendix::RlInstruction m_instruction;
+};
+
+} // namespace sim
+
+#endif

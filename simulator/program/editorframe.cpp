@@ -1,0 +1,50 @@
+#include "simulator/program/editorframe.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace sim
+{
+
+EditorFrame::EditorFrame(QWidget* parent) : QWidget(parent), m_scroll(new QScrollArea(this)), m_word(new QLabel(this))
+{
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::StyledPanel);
+    m_word->setObjectName(QStringLiteral("editorWord"));
+    m_word->setTextFormat(Qt::PlainText);
+    m_word->setWordWrap(true);
+    m_word->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_word->hide();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_scroll, 1);
+    layout->addWidget(m_word);
+}
+
+void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor)
+{
+    tell({});
+    delete m_scroll->takeWidget();
+    m_editor = editor.release();
+    if (m_editor != nullptr) {
+        m_scroll->setWidget(m_editor);
+    }
+}
+
+void EditorFrame::tell(const QString& text, Tone tone)
+{
+    const bool isRefusal = tone == Tone::Refusal;
+    QPalette colours;
+    if (isRefusal) {
+        colours.setColor(QPalette::Window, QColor(190, 0, 20));
+        colours.setColor(QPalette::WindowText, Qt::white);
+    }
+    m_word->setPalette(colours);
+    m_word->setAutoFillBackground(isRefusal);
+    m_word->setMargin(isRefusal ? 4 : 0);
+    m_word->setText(text);
+    m_word->setVisible(!text.isEmpty());
+}
+
+} // namespace sim

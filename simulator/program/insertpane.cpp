@@ -1,0 +1,141 @@
+#include "simulator/program/insertpane.h"
+
+#include "simulator/program/editorframe.h"
+#include "simulator/program/instructionwriter.h"
+#include "simulator/simulatedcontroller.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTreeWidget>
+
+namespace sim
+{
+
+namespace
+{
+
+constexpr int kNameRole = Qt::UserRole;
+constexpr int kTreeWidth = 190;
+constexpr int kTreeHeight = 190;
+
+QTreeWidgetItem* groupItem(QTreeWidget* tree, const QString& group)
+{
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        if (tree->topLevelItem(i)->data(0, kNameRole) == group) {
+            return tree->topLevelItem(i);
+        }
+    }
+    const QString title = pendix::RlRegistry::instance().groupTitle(group);
+    auto* item = new QTreeWidgetItem(tree, {title.isEmpty() ? InsertPane::tr("Other instructions") : title});
+    item->setData(0, kNameRole, group);
+    item->setFlags(Qt::ItemIsEnabled);
+    item->setExpanded(true);
+    return item;
+}
+
+} // namespace
+
+InsertPane::InsertPane(const Program* program, const SimulatedController* controller, QWidget* parent)
+    : QWidget(parent),
+      m_program(program),
+      m_controller(controller),
+      m_tree(new QTreeWidget(this)),
+      m_description(new QLabel),
+      m_frame(new EditorFrame(this)),
+      m_above(new QPushButton(tr("Insert above"), this)),
+      m_below(new QPushButton(tr("Insert below"), this))
+{
+    m_tree->setObjectName(QStringLiteral("instructionTree"));
+    m_tree->setHeaderHidden(true);
+    m_tree->setFixedSize(kTreeWidth, kTreeHeight);
+    m_description->setObjectName(QStringLiteral("instructionDescription"));
+    m_description->setTextFormat(Qt::PlainText);
+    m_description->setWordWrap(true);
+    m_description->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_description->setMargin(4);
+    m_above->setObjectName(QStringLiteral("insertAbove"));
+    m_below->setObjectName(QStringLiteral("insertBelow"));
+    auto* words = new QScrollArea(this);
+    words->setWidgetResizable(true);
+    words->setWidget(m_description);
+    words->setFixedHeight(kTreeHeight);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(m_above);
+    buttons->addWidget(m_below);
+    auto* layout = new QGridLayout(this);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(1, 1);
+    layout->addWidget(m_tree, 0, 0);
+    layout->addWidget(words, 0, 1);
+    layout->addWidget(m_frame, 1, 0, 1, 2);
+    layout->addLayout(buttons, 2, 0, 1, 2);
+
+    m_tree->setToolTip(tr("A double click starts the editor anew."));
+    connect(m_tree, &QTreeWidget::currentItemChanged, this, &InsertPane::showPicked);
+    connect(m_tree, &QTreeWidget::itemActivated, this, &InsertPane::showPicked);
+    connect(m_above, &QPushButton::clicked, this, [this] { insert(Place::Above); });
+    connect(m_below, &QPushButton::clicked, this, [this] { insert(Place::Below); });
+    showPicked();
+}
+
+void InsertPane::listInstructions()
+{
+    m_tree->clear();
+    for (const pendix::RlInstruction& instruction : pendix::RlRegistry::instance().instructions()) {
+        auto* item = new QTreeWidgetItem(groupItem(m_tree, instruction.group), {instruction.name});
+        item->setData(0, kNameRole, instruction.name);
+    }
+}
+
+bool InsertPane::pick(const QString& name)
+{
+    const QList<QTreeWidgetItem*> found = m_tree->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+    for (QTreeWidgetItem* item : found) {
+        if (item->parent() != nullptr) {
+            m_tree->setCurrentItem(nullptr);
+            m_tree->setCurrentItem(item);
+            return true;
+        }
+    }
+    return false;
+}
+
+void InsertPane::showPicked()
+{
+    const QTreeWidgetItem* item = m_tree->currentItem();
+    m_picked = {};
+    if (item != nullptr && item->parent() != nullptr) {
+        for (const pendix::RlInstruction& instruction : pendix::RlRegistry::instance().instructions()) {
+            if (instruction.name == item->data(0, kNameRole)) {
+                m_picked = instruction;
+            }
+        }
+    }
+    const bool isPicked = !m_picked.name.isEmpty();
+    m_description->setText(isPicked ? m_picked.description : tr("Pick an instruction to insert it."));
+    QString fault;
+    m_frame->setEditor(isPicked ? createEditor(m_picked, EditorRole::Insert, &fault) : nullptr);
+    m_frame->tell(fault, EditorFrame::Tone::Refusal);
+    m_above->setEnabled(m_frame->editor() != nullptr);
+    m_below->setEnabled(m_frame->editor() != nullptr);
+}
+
+void InsertPane::insert(Place place)
+{
+    m_frame->tell({});
+    const WrittenLine written = writeLine(*m_frame->editor(), EditorRole::Insert, m_picked, m_program->recogniser(),
+                                          m_controller->operatorLevel());
+    if (!written.refusal.isEmpty()) {
+        m_frame->tell(written.refusal, EditorFrame::Tone::Refusal);
+        emit refused(written.refusal);
+        return;
+    }
+    emit lineWritten(written.text, m_picked.name, place);
+}
+
+} // namespace sim

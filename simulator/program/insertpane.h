@@ -1,0 +1,56 @@
+#ifndef SIMULATOR_PROGRAM_INSERTPANE_H
+#define SIMULATOR_PROGRAM_INSERTPANE_H
+
+#include "simulator/program/program.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+
+namespace sim
+{
+
+class EditorFrame;
+class SimulatedController;
+
+/// The instructions of all plug-ins by group; the one that is picked shows its description and its insert editor,
+/// built anew for each picking.
+class InsertPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Place { Above, Below };
+
+    InsertPane(const Program* program, const SimulatedController* controller, QWidget* parent = nullptr);
+
+    /// Lists what the host's registry holds now.
+    void listInstructions();
+
+    /// Picks an instruction by its name, as a click on it does. False: it is not listed.
+    bool pick(const QString& name);
+
+signals:
+    /// A new line, to stand above or below the selected one.
+    void lineWritten(const QString& line, const QString& instruction, sim::InsertPane::Place place);
+    void refused(const QString& words);
+
+private:
+    void showPicked();
+    void insert(Place place);
+
+    const Program* m_program;
+    const SimulatedController* m_controller;
+    QTreeWidget* m_tree;
+    QLabel* m_description;
+    EditorFrame* m_frame;
+    QPushButton* m_above;
+    QPushButton* m_below;
+    pendix::RlInstruction m_picked;
+};
+
+} // namespace sim
+
+#endif

@@ -1,0 +1,271 @@
+#include "simulator/program/programeditor.h"
+
+#include "simulator/program/changepane.h"
+#include "simulator/program/programfile.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace sim
+{
+
+namespace
+{
+
+constexpr int kTableWidth = 330;
+constexpr int kInstructionWidth = 110;
+
+QString chooseByDialog(QWidget* parent, FileUse use, const QString& current)
+{
+    const QString filter = ProgramEditor::tr("Robot programs (*.rl);;All files (*)");
+    return use == FileUse::Open
+               ? QFileDialog::getOpenFileName(parent, ProgramEditor::tr("Open program"), current, filter)
+               : QFileDialog::getSaveFileName(parent, ProgramEditor::tr("Save program"),
+                                              current.isEmpty() ? QStringLiteral("weld.rl") : current, filter);
+}
+
+QTableView* createTable(Program* program, QWidget* parent)
+{
+    auto* table = new QTableView(parent);
+    table->setObjectName(QStringLiteral("programLines"));
+    table->setModel(program);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setWordWrap(false);
+    table->setTextElideMode(Qt::ElideRight);
+    table->horizontalHeader()->setSectionResizeMode(Program::Text, QHeaderView::Stretch);
+    table->horizontalHeader()->resizeSection(Program::Instruction, kInstructionWidth);
+    table->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return table;
+}
+
+} // namespace
+
+ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* parent)
+    : QWidget(parent),
+      m_program(new Program(this)),
+      m_insert(new InsertPane(m_program, controller, this)),
+      m_change(new ChangePane(m_program, controller, this)),
+      m_table(createTable(m_program, this)),
+      m_panes(new QTabWidget(this)),
+      m_fileLabel(new QLabel(this)),
+      m_choose([this](FileUse use, const QString& current) { return chooseByDialog(this, use, current); })
+{
+    setObjectName(QStringLiteral("programEditor"));
+    m_panes->setObjectName(QStringLiteral("programPanes"));
+    m_panes->addTab(m_insert, tr("Insert"));
+    m_panes->addTab(m_change, tr("Change"));
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->addWidget(m_table);
+    splitter->addWidget(m_panes);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({kTableWidth, width()});
+    splitter->setChildrenCollapsible(false);
+    auto* bar = new QHBoxLayout;
+    createFileBar(bar);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(bar);
+    layout->addWidget(splitter, 1);
+
+    auto* remove = new QShortcut(QKeySequence::Delete, m_table);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &ProgramEditor::removeSelected);
+    connect(m_insert, &InsertPane::lineWritten, this, &ProgramEditor::insert);
+    connect(m_insert, &InsertPane::refused, this, &ProgramEditor::refused);
+    connect(m_change, &ChangePane::lineWritten, m_program, &Program::replaceLine);
+    connect(m_change, &ChangePane::refused, this, &ProgramEditor::refused);
+    connect(m_program, &Program::edited, this, &ProgramEditor::followEdit);
+    connect(m_program->undoStack(), &QUndoStack::cleanChanged, this, &ProgramEditor::showFile);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ProgramEditor::showSelected);
+    connect(m_panes, &QTabWidget::currentChanged, this, &ProgramEditor::showSelected);
+    connect(m_table, &QTableView::doubleClicked, this, [this] { m_panes->setCurrentWidget(m_change); });
+    showFile();
+}
+
+ProgramEditor::~ProgramEditor() = default;
+
+void ProgramEditor::createFileBar(QHBoxLayout* bar)
+{
+    addButton(bar, "programNew", tr("New"), {}, [this] { newProgram(); });
+    addButton(bar, "programOpen", tr("Open..."), QStringLiteral("Ctrl+O"), [this] { openProgram(); });
+    addButton(bar, "programSave", tr("Save"), QStringLiteral("Ctrl+S"), [this] { saveProgram(); });
+    addButton(bar, "programSaveAs", tr("Save as..."), {}, [this] { saveProgramAs(); });
+    bar->addSpacing(12);
+    QUndoStack* history = m_program->undoStack();
+    QAction* undo = history->createUndoAction(this, tr("Undo"));
+    QAction* redo = history->createRedoAction(this, tr("Redo"));
+    // On the buttons; what exactly is undone stands in their tips.
+    undo->setIconText(tr("Undo"));
+    redo->setIconText(tr("Redo"));
+    addActionButton(bar, "programUndo", undo, QStringLiteral("Ctrl+Z"));
+    addActionButton(bar, "programRedo", redo, QStringLiteral("Ctrl+Y"));
+    addButton(bar, "programDelete", tr("Delete line"), {}, [this] { removeSelected(); });
+    bar->addSpacing(12);
+    m_fileLabel->setObjectName(QStringLiteral("programFile"));
+    m_fileLabel->setTextFormat(Qt::PlainText);
+    // A long name is cut rather than making the window wider.
+    m_fileLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar->addWidget(m_fileLabel, 1);
+}
+
+void ProgramEditor::addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
+                              const std::function<void()>& act)
+{
+    auto* action = new QAction(text, this);
+    connect(action, &QAction::triggered, this, act);
+    addActionButton(bar, name, action, shortcut);
+}
+
+void ProgramEditor::addActionButton(QHBoxLayout* bar, const char* name, QAction* action, const QString& shortcut)
+{
+    action->setShortcut(QKeySequence(shortcut));
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+    auto* button = new QToolButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setDefaultAction(action);
+    bar->addWidget(button);
+}
+
+void ProgramEditor::readRegistry()
+{
+    m_program->setInstructions(pendix::RlRegistry::instance().instructions());
+    m_insert->listInstructions();
+    for (const QString& fault : m_program->recogniser().faults()) {
+        emit notice(fault);
+    }
+}
+
+int ProgramEditor::selectedRow() const
+{
+    return m_table->currentIndex().row();
+}
+
+void ProgramEditor::selectRow(int row)
+{
+    m_table->setCurrentIndex(m_program->index(row, Program::Text));
+}
+
+void ProgramEditor::insert(const QString& line, const QString& instruction, InsertPane::Place place)
+{
+    const bool above = place == InsertPane::Place::Above;
+    const int selected = selectedRow();
+    const int nowhere = above ? 0 : m_program->rowCount();
+    m_program->insertLine(selected < 0 ? nowhere : selected + (above ? 0 : 1), line, instruction);
+}
+
+void ProgramEditor::followEdit(int row)
+{
+    selectRow(row);
+    showSelected();
+}
+
+void ProgramEditor::showSelected()
+{
+    // Editors ask the controller for its lists: only what is looked at is built.
+    m_change->showRow(m_panes->currentWidget() == m_change ? selectedRow() : -1);
+}
+
+void ProgramEditor::removeSelected()
+{
+    m_program->removeLine(selectedRow());
+}
+
+void ProgramEditor::showFile()
+{
+    const QString name = m_file.isEmpty() ? tr("new program") : QFileInfo(m_file).fileName();
+    m_fileLabel->setText(m_program->isModified() ? tr("%1 - not saved").arg(name) : name);
+    m_fileLabel->setToolTip(m_file);
+}
+
+void ProgramEditor::afterSaving(const std::function<void()>& act)
+{
+    if (!m_program->isModified()) {
+        act();
+        return;
+    }
+    auto* box = new QMessageBox(QMessageBox::Question, tr("Program"), tr("The program has changes that are not saved."),
+                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box->setObjectName(QStringLiteral("unsavedChanges"));
+    box->setDefaultButton(QMessageBox::Save);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this, act](int answer) {
+        if (answer == QMessageBox::Discard || (answer == QMessageBox::Save && saveProgram())) {
+            act();
+        }
+    });
+    box->open();
+}
+
+void ProgramEditor::newProgram()
+{
+    afterSaving([this] {
+        m_file.clear();
+        m_program->load({});
+        showSelected();
+        showFile();
+    });
+}
+
+void ProgramEditor::openProgram()
+{
+    afterSaving([this] {
+        const QString file = m_choose(FileUse::Open, m_file);
+        if (!file.isEmpty()) {
+            open(file);
+        }
+    });
+}
+
+bool ProgramEditor::open(const QString& file)
+{
+    FileFault fault;
+    const std::optional<QStringList> lines = loadProgram(file, &fault);
+    if (!lines) {
+        emit notice(tr("The program was not opened: %1").arg(fault.message()));
+        return false;
+    }
+    m_file = file;
+    m_program->load(*lines);
+    showSelected();
+    showFile();
+    return true;
+}
+
+bool ProgramEditor::saveProgram()
+{
+    return m_file.isEmpty() ? saveProgramAs() : save(m_file);
+}
+
+bool ProgramEditor::saveProgramAs()
+{
+    const QString file = m_choose(FileUse::Save, m_file);
+    return !file.isEmpty() && save(file);
+}
+
+bool ProgramEditor::save(const QString& file)
+{
+    const QString reason = sim::saveProgram(file, m_program->lines());
+    if (!reason.isEmpty()) {
+        emit notice(tr("The program was not saved to %1: %2").arg(file, reason));
+        return false;
+    }
+    m_file = file;
+    m_program->undoStack()->setClean();
+    showFile();
+    return true;
+}
+
+} // namespace sim
