@@ -25,7 +25,8 @@ constexpr double kFullCircle = 360;
 /// Speed, zone and tool must follow the points; the work object may.
 constexpr int kRequiredNames = 3;
 constexpr int kCircleNumbers = 2;
-constexpr int kListLength = 12;
+/// In characters; room for most names of tools and work objects.
+constexpr int kListLength = 8;
 
 /// Selects the item of that text, case-sensitive. False, with nothing changed, when there is none.
 bool select(QComboBox* box, const QString& text)

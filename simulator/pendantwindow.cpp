@@ -85,8 +85,8 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_statusItems(new QHBoxLayout)
 {
     setWindowTitle(tr("Pendant - SIMULATED"));
-    for (QWidget* part :
-         {static_cast<QWidget*>(m_station), static_cast<QWidget*>(m_messages), static_cast<QWidget*>(m_notices)}) {
+    for (QWidget* part : {static_cast<QWidget*>(m_station), static_cast<QWidget*>(m_program),
+                          static_cast<QWidget*>(m_messages), static_cast<QWidget*>(m_notices)}) {
         setPointSize(part, kFramePointSize);
     }
     m_splitter->addWidget(createPendant());

@@ -30,8 +30,10 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
     auto* again = new QPushButton(tr("Show page again"), this);
     again->setToolTip(tr("Hides the page and shows it again, as leaving it and coming back would.\n"
                          "Pages read operator level and controller when they are shown, not when these change."));
+    m_program->setObjectName(QStringLiteral("showProgram"));
     m_program->setCheckable(true);
     m_program->setToolTip(tr("Shows the program editor in place of the plug-ins' pages."));
+    m_inspector->setObjectName(QStringLiteral("showInspector"));
     m_inspector->setCheckable(true);
     m_inspector->setChecked(true);
     m_inspector->setToolTip(tr("Shows or hides the inspector; without it the page has the whole width."));

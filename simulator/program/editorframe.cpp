@@ -1,5 +1,6 @@
 #include "simulator/program/editorframe.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -11,6 +12,11 @@ EditorFrame::EditorFrame(QWidget* parent) : QWidget(parent), m_scroll(new QScrol
 {
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::StyledPanel);
+    // Editors have the pendant's font, as its pages do: those of their widgets that have a style sheet would not
+    // follow another one.
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF());
+    m_scroll->setFont(font);
     m_word->setObjectName(QStringLiteral("editorWord"));
     m_word->setTextFormat(Qt::PlainText);
     m_word->setWordWrap(true);

@@ -4,12 +4,12 @@
 #include "simulator/program/instructionwriter.h"
 #include "simulator/simulatedcontroller.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 
 namespace sim
 {
@@ -18,8 +18,9 @@ namespace
 {
 
 constexpr int kNameRole = Qt::UserRole;
-constexpr int kTreeWidth = 190;
-constexpr int kTreeHeight = 190;
+constexpr int kTreeWidth = 180;
+/// Room for the description of most instructions; longer ones scroll.
+constexpr int kDescriptionLines = 4;
 
 QTreeWidgetItem* groupItem(QTreeWidget* tree, const QString& group)
 {
@@ -50,7 +51,7 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
 {
     m_tree->setObjectName(QStringLiteral("instructionTree"));
     m_tree->setHeaderHidden(true);
-    m_tree->setFixedSize(kTreeWidth, kTreeHeight);
+    m_tree->setFixedWidth(kTreeWidth);
     m_description->setObjectName(QStringLiteral("instructionDescription"));
     m_description->setTextFormat(Qt::PlainText);
     m_description->setWordWrap(true);
@@ -61,19 +62,20 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
     auto* words = new QScrollArea(this);
     words->setWidgetResizable(true);
     words->setWidget(m_description);
-    words->setFixedHeight(kTreeHeight);
+    words->setFrameShape(QFrame::NoFrame);
+    words->setFixedHeight(kDescriptionLines * fontMetrics().lineSpacing() + 2 * m_description->margin());
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(m_above);
     buttons->addWidget(m_below);
-    auto* layout = new QGridLayout(this);
-    layout->setColumnStretch(1, 1);
-    layout->setRowStretch(1, 1);
-    layout->addWidget(m_tree, 0, 0);
-    layout->addWidget(words, 0, 1);
-    layout->addWidget(m_frame, 1, 0, 1, 2);
-    layout->addLayout(buttons, 2, 0, 1, 2);
+    auto* picked = new QVBoxLayout;
+    picked->addWidget(words);
+    picked->addWidget(m_frame, 1);
+    picked->addLayout(buttons);
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(m_tree);
+    layout->addLayout(picked, 1);
 
     m_tree->setToolTip(tr("A double click starts the editor anew."));
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &InsertPane::showPicked);

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QColor>
-#include <QFontDatabase>
 #include <QStyle>
 #include <QUndoCommand>
 
@@ -125,8 +124,6 @@ QVariant Program::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return index.column() == Text ? line : instructionText(line);
-    case Qt::FontRole:
-        return index.column() == Text ? QVariant(QFontDatabase::systemFont(QFontDatabase::FixedFont)) : QVariant();
     case Qt::ToolTipRole:
         return isUnrecognised(line) ? tr("No instruction of a loaded plug-in recognises this line. It stays as it is.")
                                     : line;

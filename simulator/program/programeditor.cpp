@@ -4,6 +4,7 @@
 #include "simulator/program/programfile.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -23,8 +24,13 @@ namespace sim
 namespace
 {
 
-constexpr int kTableWidth = 330;
-constexpr int kInstructionWidth = 110;
+constexpr int kInstructionWidth = 150;
+constexpr int kRowGap = 6;
+/// Fixed, so that a word or an editor that comes does not make the window grow: both can be scrolled.
+constexpr QSize kSmallest(560, 360);
+/// Height of the lines and of the panes, as parts of what there is.
+constexpr int kLinesPart = 2;
+constexpr int kPanesPart = 3;
 
 QString chooseByDialog(QWidget* parent, FileUse use, const QString& current)
 {
@@ -44,8 +50,12 @@ QTableView* createTable(Program* program, QWidget* parent)
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setWordWrap(false);
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + kRowGap);
     table->setTextElideMode(Qt::ElideRight);
     table->horizontalHeader()->setSectionResizeMode(Program::Text, QHeaderView::Stretch);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->resizeSection(Program::Instruction, kInstructionWidth);
     table->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return table;
@@ -64,14 +74,15 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
       m_choose([this](FileUse use, const QString& current) { return chooseByDialog(this, use, current); })
 {
     setObjectName(QStringLiteral("programEditor"));
+    setMinimumSize(kSmallest);
     m_panes->setObjectName(QStringLiteral("programPanes"));
     m_panes->addTab(m_insert, tr("Insert"));
     m_panes->addTab(m_change, tr("Change"));
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(m_table);
     splitter->addWidget(m_panes);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({kTableWidth, width()});
+    splitter->setStretchFactor(0, kLinesPart);
+    splitter->setStretchFactor(1, kPanesPart);
     splitter->setChildrenCollapsible(false);
     auto* bar = new QHBoxLayout;
     createFileBar(bar);
@@ -95,6 +106,15 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
 }
 
 ProgramEditor::~ProgramEditor() = default;
+
+void ProgramEditor::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        // A table hands its font to its rows' header only.
+        m_table->horizontalHeader()->setFont(font());
+    }
+}
 
 void ProgramEditor::createFileBar(QHBoxLayout* bar)
 {
@@ -124,6 +144,8 @@ void ProgramEditor::addButton(QHBoxLayout* bar, const char* name, const QString&
                               const std::function<void()>& act)
 {
     auto* action = new QAction(text, this);
+    // Without this a button would leave out the dots at the end.
+    action->setIconText(text);
     connect(action, &QAction::triggered, this, act);
     addActionButton(bar, name, action, shortcut);
 }

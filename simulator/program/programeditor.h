@@ -68,6 +68,9 @@ signals:
     /// An editor's line was not taken.
     void refused(const QString& words);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void createFileBar(QHBoxLayout* bar);
     void addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
