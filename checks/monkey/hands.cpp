@@ -109,10 +109,14 @@ QString useItemView(QWidget* widget, Dice& dice)
     }
     const int row = dice.below(model->rowCount(root));
     const int column = dice.below(model->columnCount(root));
-    const QModelIndex cell = model->index(row, column, root);
+    QModelIndex cell = model->index(row, column, root);
+    // In a tree mostly to what the branches hold.
+    while (model->hasChildren(cell) && !dice.oneIn(6)) {
+        cell = model->index(dice.below(model->rowCount(cell)), 0, cell);
+    }
     view->scrollTo(cell);
     const QPoint place = view->visualRect(cell).center();
-    const QString where = QStringLiteral("cell %1,%2: ").arg(QString::number(row), QString::number(column));
+    const QString where = QStringLiteral("cell %1,%2: ").arg(QString::number(cell.row()), QString::number(column));
     const QPointer<QWidget> viewport = view->viewport();
     const bool twice = dice.oneIn(3);
     const QString obstacle = twice ? userinput::doubleClick(viewport, place) : userinput::click(viewport, place);

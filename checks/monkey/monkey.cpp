@@ -3,8 +3,10 @@
 #include "checks/monkey/hands.h"
 #include "checks/support/scramble.h"
 #include "simulator/nodeschema.h"
+#include "simulator/program/programeditor.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPixmap>
 #include <QPointer>
 #include <QToolButton>
@@ -37,11 +39,14 @@ QString onOff(bool on)
 } // namespace
 
 const Monkey::ActionRow Monkey::kActions[] = {
-    {"use", 55, &Monkey::useWidget},      {"key", 8, &Monkey::pressKey},    {"click", 6, &Monkey::clickAnywhere},
-    {"page", 6, &Monkey::openPage},       {"again", 5, &Monkey::showAgain}, {"level", 5, &Monkey::changeLevel},
-    {"power", 3, &Monkey::changePower},   {"line", 2, &Monkey::changeLine}, {"value", 1, &Monkey::changeValue},
-    {"answer", 5, &Monkey::changeAnswer}, {"node", 5, &Monkey::changeNode}, {"time", 3, &Monkey::letTimePass},
+    {"use", 55, &Monkey::useWidget},      {"key", 8, &Monkey::pressKey},
+    {"click", 6, &Monkey::clickAnywhere}, {"page", 6, &Monkey::openPage},
+    {"again", 5, &Monkey::showAgain},     {"level", 5, &Monkey::changeLevel},
+    {"power", 3, &Monkey::changePower},   {"line", 2, &Monkey::changeLine},
+    {"value", 1, &Monkey::changeValue},   {"answer", 5, &Monkey::changeAnswer},
+    {"node", 5, &Monkey::changeNode},     {"time", 3, &Monkey::letTimePass},
     {"size", 1, &Monkey::resize},         {"paint", 1, &Monkey::paint},
+    {"program", 6, &Monkey::openProgram}, {"spoil", 1, &Monkey::spoilProgramFile},
 };
 
 Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHost* host, Logbook* logbook, Dice* dice)
@@ -52,6 +57,8 @@ Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHo
       m_dice(dice),
       m_soundNodes(controller->nodes())
 {
+    // A file dialog leads anywhere on the disk.
+    window->programEditor()->setFileChooser([this](FileUse, const QString&) { return chooseFile(); });
 }
 
 void Monkey::run(int actions)
@@ -119,11 +126,14 @@ QVector<QWidget*> Monkey::usableIn(Room room) const
 {
     const QWidget* pages = m_window->findChild<QWidget*>(QStringLiteral("pluginArea"));
     const QWidget* inspector = m_window->findChild<QWidget*>(QStringLiteral("inspector"));
+    const QWidget* program = m_window->programEditor();
     QVector<QWidget*> found;
     for (QWidget* widget : hands::usable(stage())) {
         Room own = Room::Frame;
         if (inspector != nullptr && inspector->isAncestorOf(widget)) {
             own = Room::Inspector;
+        } else if (program->isAncestorOf(widget)) {
+            own = Room::Program;
         } else if (pages != nullptr && pages->isAncestorOf(widget)) {
             own = opensPage(widget) ? Room::Navigation : Room::Page;
         }
@@ -171,7 +181,7 @@ QString Monkey::useWidget()
     if (choice == 1) {
         return useOneOf(usableIn(Room::Frame));
     }
-    const QVector<QWidget*> fields = usableIn(Room::Page);
+    const QVector<QWidget*> fields = usableIn(m_window->programEditor()->isVisible() ? Room::Program : Room::Page);
     return fields.isEmpty() ? openPage() : useOneOf(fields);
 }
 
@@ -187,7 +197,35 @@ QString Monkey::clickAnywhere()
 
 QString Monkey::openPage()
 {
+    m_window->showProgram(false);
     return useOneOf(usableIn(Room::Navigation));
+}
+
+QString Monkey::openProgram()
+{
+    m_window->showProgram(true);
+    return QStringLiteral("done");
+}
+
+QString Monkey::chooseFile()
+{
+    // Few, so that what was saved is opened again.
+    const QString names[] = {QString(), QStringLiteral("one.rl"), QStringLiteral("two.rl"),
+                             QStringLiteral("no folder/three.rl")};
+    const QString& name = names[m_dice->below(static_cast<int>(std::size(names)))];
+    return name.isEmpty() ? name : m_programs.filePath(name);
+}
+
+QString Monkey::spoilProgramFile()
+{
+    const QString name = chooseFile();
+    QFile file(name);
+    if (name.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Append)) {
+        return QStringLiteral("no file");
+    }
+    const QByteArray spoils[] = {"MoveAbsJ(Home, v100);\n", "LaserOn(\"LsData99\") // x\n", "\xff\n", {"\0\n", 2}};
+    file.write(spoils[m_dice->below(static_cast<int>(std::size(spoils)))]);
+    return QStringLiteral("done");
 }
 
 QString Monkey::showAgain()

@@ -6,6 +6,8 @@
 #include "checks/support/dice.h"
 #include "simulator/pendantwindow.h"
 
+#include <QTemporaryDir>
+
 /// A random operator, at a machine to which anything may happen: works whatever the pendant shows, changes level,
 /// power, line, nodes and answers, and acts again while the pendant waits for an answer. It knows no page by name, so a
 /// new page or editor needs nothing here.
@@ -32,7 +34,7 @@ private:
     /// What takes the operator's input: the open popup or dialog, else the window.
     QWidget* stage() const;
 
-    enum class Room { Page, Navigation, Inspector, Frame };
+    enum class Room { Page, Navigation, Program, Inspector, Frame };
     QVector<QWidget*> usableIn(Room room) const;
     QString useOneOf(QVector<QWidget*> widgets);
 
@@ -40,6 +42,9 @@ private:
     QString pressKey();
     QString clickAnywhere();
     QString openPage();
+    QString openProgram();
+    QString spoilProgramFile();
+    QString chooseFile();
     QString showAgain();
     QString changeLevel();
     QString changePower();
@@ -57,6 +62,7 @@ private:
     Logbook* m_logbook;
     Dice* m_dice;
     const QJsonObject m_soundNodes; ///< as the cell has them
+    QTemporaryDir m_programs;       ///< where the pendant's programs are kept
     int m_left = 0;                 ///< actions that are still to be done
     int m_leftWhileWaiting = 0;
 };

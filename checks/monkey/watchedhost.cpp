@@ -54,12 +54,28 @@ void WatchedHost::judge(const QObject* sender, const QString& name, const QJsonV
     if (mayLeaveByItself(sender, name, argument)) {
         return;
     }
+    judgeLevel(name);
+}
+
+void WatchedHost::judgeLevel(const QString& what)
+{
     const std::optional<int> level = m_actions.back().toldLevel;
     if (!level) {
-        m_logbook->complain(QStringLiteral("%1 was sent without asking for the operator's level").arg(name));
+        m_logbook->complain(QStringLiteral("%1 was sent without asking for the operator's level").arg(what));
     } else if (*level < kLowestChangingLevel) {
-        m_logbook->complain(QStringLiteral("%1 was sent at operator level %2").arg(name, QString::number(*level)));
+        m_logbook->complain(QStringLiteral("%1 was sent at operator level %2").arg(what, QString::number(*level)));
     }
+}
+
+void WatchedHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
+{
+    m_logbook->note(QStringLiteral("    stores point %1").arg(name));
+    m_logbook->count(QStringLiteral("points"));
+    judgeLevel(QStringLiteral("a point"));
+    if (name.trimmed().isEmpty() || overwrite) {
+        m_logbook->complain(QStringLiteral("a point \"%1\" was to be stored, or one replaced").arg(name));
+    }
+    sim::SimHost::addCurrentPoint(name, overwrite, tool, wobj);
 }
 
 bool WatchedHost::mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const

@@ -13,10 +13,11 @@
 
 /// The simulator's host with a referee in it: judges every command and every message of the plug-ins.
 ///
-/// A command may leave only when the host, asked in the course of the same action, has answered with a level that may
-/// change things. Judged by action, since an operator's press may send a second command after an answer during which
-/// somebody else has logged in; asked at all, since a page that remembers the level would be wrong sooner or later.
-/// While a page's command is under way, it sends no other.
+/// A command may leave, and a point be stored, only when the host, asked in the course of the same action, has answered
+/// with a level that may change things. Judged by action, since an operator's press may send a second command after an
+/// answer during which somebody else has logged in; asked at all, since a page that remembers the level would be wrong
+/// sooner or later. While a page's command is under way, it sends no other. A stored point has a name and replaces
+/// none.
 class WatchedHost : public sim::SimHost
 {
     Q_OBJECT
@@ -39,6 +40,7 @@ public:
 
     QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command) override;
     int getUserOperateLevel() override;
+    void addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj) override;
     void throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text) override;
 
     /// What becomes of an answer on its way to whoever asked; none: nothing.
@@ -53,6 +55,7 @@ private:
         QSet<const QObject*> shown;   ///< the widgets that were shown in it
     };
 
+    void judgeLevel(const QString& what);
     void judge(const QObject* sender, const QString& name, const QJsonValue& argument);
     bool mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const;
 
