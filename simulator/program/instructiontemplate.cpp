@@ -225,8 +225,13 @@ QString InstructionTemplate::shapeFault() const
     for (const TemplateField& field : m_fields) {
         sample.append(sampleValue(field));
     }
-    if (!splitLine(line(sample)).comment.isEmpty()) {
+    const QString sampleLine = line(sample);
+    if (!splitLine(sampleLine).comment.isEmpty()) {
         return tr("has a comment");
+    }
+    // A comment behind such a line would be part of it.
+    if (sampleLine.count(kQuote) % 2 != 0) {
+        return tr("has a quote that is not closed");
     }
     return {};
 }

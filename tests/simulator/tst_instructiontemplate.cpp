@@ -80,6 +80,7 @@ void TestInstructionTemplate::faultNamesTheField_data()
         {"f($a#spn#-1,2#true$-$b#spn#1,2#true$);", "field 1: a value can have the - in it"},
         {"f($a#cmb#1/1,2#true$ ,$b#spn#1,2#true$);", "field 1: a value can have the , in it"},
         {"f($a#spn#1,2#true$); // b", "has a comment"},
+        {"f(\"$a#spn#1,2#true$);", "has a quote that is not closed"},
     };
     for (const auto& [text, fault] : rows) {
         QTest::newRow(text) << QString::fromLatin1(fault);
