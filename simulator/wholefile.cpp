@@ -15,11 +15,6 @@ struct WholeFile {
     Q_DECLARE_TR_FUNCTIONS(sim::WholeFile)
 };
 
-QString unreadable(const QFile& file)
-{
-    return WholeFile::tr("can't be read: %1").arg(file.errorString());
-}
-
 } // namespace
 
 std::optional<QByteArray> readWholeFile(const QString& path, FileFault* fault)
@@ -35,13 +30,10 @@ std::optional<QByteArray> readWholeFile(const QString& path, FileFault* fault)
         return std::nullopt;
     }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *fault = {path, 0, {}, unreadable(file)};
-        return std::nullopt;
-    }
-    QByteArray bytes = file.read(kLargestFile + 1);
-    if (file.error() != QFileDevice::NoError) {
-        *fault = {path, 0, {}, unreadable(file)};
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    QByteArray bytes = isOpen ? file.read(kLargestFile + 1) : QByteArray();
+    if (!isOpen || file.error() != QFileDevice::NoError) {
+        *fault = {path, 0, {}, WholeFile::tr("can't be read: %1").arg(file.errorString())};
         return std::nullopt;
     }
     if (bytes.size() > kLargestFile) {
