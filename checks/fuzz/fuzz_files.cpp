@@ -1,6 +1,7 @@
 // Files that the simulator reads, as a cell and as kept state. An input is a file's bytes, or decisions that damage
 // genuine content in a few places.
 #include "checks/fuzz/damage.h"
+#include "checks/fuzz/filecheck.h"
 #include "checks/fuzz/input.h"
 #include "checks/fuzz/leaks.h"
 #include "checks/fuzz/require.h"
@@ -10,10 +11,8 @@
 #include "simulator/simulatedcontroller.h"
 #include "simulator/statefile.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cmath>
@@ -25,43 +24,6 @@ namespace
 {
 
 constexpr int kMostDamages = 3;
-
-QString pathOf(const char* name)
-{
-    static const QTemporaryDir folder;
-    require(folder.isValid(), "there is no room for temporary files");
-    return folder.filePath(QLatin1String(name));
-}
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush(),
-            "a temporary file can't be written");
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    require(file.open(QIODevice::ReadOnly), "a file is gone after it was read");
-    return file.readAll();
-}
-
-/// Lines as an editor counts them: each ends with a line feed, a carriage return or both.
-int linesIn(const QByteArray& bytes)
-{
-    return 1 + bytes.count('\n') + bytes.count('\r') - bytes.count("\r\n");
-}
-
-void checkFault(const FileFault& fault, const QString& path, const QByteArray& bytes)
-{
-    require(!fault.text.isEmpty(), "a file is refused without a reason");
-    require(fault.file == path && fault.message().startsWith(path), "a refusal does not name the file");
-    require(fault.line >= 0 && fault.line <= linesIn(bytes), "a fault is on a line that the file does not have");
-    const QString message = fault.message();
-    require(std::none_of(message.begin(), message.end(), [](QChar c) { return c.category() == QChar::Other_Control; }),
-            "a message has control characters");
-}
 
 /// The fault of a member stands one line further down when an empty line is put in front.
 void checkFaultsLine(const FileFault& fault, const QByteArray& bytes)
