@@ -12,11 +12,11 @@ inline QString instructionNumber(double value)
     return QString::number(value, 'g', kSignificantDigits);
 }
 
-/// The number that an argument stands for; 0 when it is none, and "nan" is none.
+/// The number that an argument stands for; 0 when it is none, as "nan", "inf" and what is too large for a number are.
 inline double instructionNumber(const QString& argument)
 {
     const double value = argument.toDouble();
-    return std::isnan(value) ? 0.0 : value;
+    return std::isfinite(value) ? value : 0.0;
 }
 
 #endif

@@ -20,7 +20,7 @@ class Q_DECL_EXPORT RLCustomInsertWidget : public RLContentBase
     Q_OBJECT
 
 public:
-    RLCustomInsertWidget(const QString& name, QWidget* parent);
+    RLCustomInsertWidget(const QString& name, QWidget* parent = nullptr);
     ~RLCustomInsertWidget() override;
 
     /// Fills nothing: the line is only logged.

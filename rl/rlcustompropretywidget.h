@@ -20,7 +20,7 @@ class Q_DECL_EXPORT RLCustomPropretyWidget : public RLContentBase
     Q_OBJECT
 
 public:
-    RLCustomPropretyWidget(const QString& name, QWidget* parent);
+    RLCustomPropretyWidget(const QString& name, QWidget* parent = nullptr);
     ~RLCustomPropretyWidget() override;
 
     /// Fills nothing: the line is only logged.

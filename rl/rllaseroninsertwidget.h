@@ -20,7 +20,7 @@ class RLLaserOnInsertWidget : public RLContentBase
     Q_OBJECT
 
 public:
-    RLLaserOnInsertWidget(const QString& name, QWidget* parent);
+    RLLaserOnInsertWidget(const QString& name, QWidget* parent = nullptr);
     ~RLLaserOnInsertWidget() override;
 
     /// Reads a line of any function's name. A line that is no call changes nothing, an unknown parameter set keeps

@@ -213,7 +213,10 @@ QString filled(const char* text, const QString& first, const QString& second)
 void registerLine(pendix::RLManager* manager, const LineInstruction& row)
 {
     const QString name = QLatin1String(row.name);
-    const auto label = [&](std::size_t place) { return RlLaserWeldDefine::tr(row.labels.at(place)); };
+    const auto label = [&](std::size_t place) {
+        const char* text = row.labels.at(place);
+        return *text != '\0' ? RlLaserWeldDefine::tr(text) : QString();
+    };
     const auto part = [&](std::size_t place) { return QString::fromLatin1(row.patternParts.at(place)); };
     manager->createTypeKey(name);
     manager->createSkeleton(name, filled(row.skeleton, label(0), label(1)));

@@ -20,7 +20,7 @@ class RLParaSetInsertWidget : public RLContentBase
     Q_OBJECT
 
 public:
-    RLParaSetInsertWidget(const QString& name, QWidget* parent);
+    RLParaSetInsertWidget(const QString& name, QWidget* parent = nullptr);
     ~RLParaSetInsertWidget() override;
 
     /// Reads a line of any function's name. A line that is no call, or has no arguments, changes nothing; an

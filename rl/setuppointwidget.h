@@ -24,7 +24,7 @@ class SetUpPointWidget : public QWidget
     Q_OBJECT
 
 public:
-    explicit SetUpPointWidget(QWidget* parent);
+    explicit SetUpPointWidget(QWidget* parent = nullptr);
     ~SetUpPointWidget() override;
 
     /// Reads the controller's points and proposes the index-th free name (1: the first). Hides the offsets.

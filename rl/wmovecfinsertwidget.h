@@ -9,7 +9,7 @@ class WMoveCFInsertWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveCFInsertWidget(QWidget* parent);
+    explicit WMoveCFInsertWidget(QWidget* parent = nullptr);
 };
 
 #endif

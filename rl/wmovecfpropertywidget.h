@@ -9,7 +9,7 @@ class WMoveCFPropertyWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveCFPropertyWidget(QWidget* parent);
+    explicit WMoveCFPropertyWidget(QWidget* parent = nullptr);
 };
 
 #endif

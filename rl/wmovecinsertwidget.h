@@ -9,7 +9,7 @@ class WMoveCInsertWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveCInsertWidget(QWidget* parent);
+    explicit WMoveCInsertWidget(QWidget* parent = nullptr);
 };
 
 #endif

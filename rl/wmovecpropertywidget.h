@@ -9,7 +9,7 @@ class WMoveCPropertyWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveCPropertyWidget(QWidget* parent);
+    explicit WMoveCPropertyWidget(QWidget* parent = nullptr);
 };
 
 #endif

@@ -9,7 +9,7 @@ class WMoveLInsertWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveLInsertWidget(QWidget* parent);
+    explicit WMoveLInsertWidget(QWidget* parent = nullptr);
 };
 
 #endif

@@ -9,7 +9,7 @@ class WMoveLPropertyWidget : public MotionEditor
     Q_OBJECT
 
 public:
-    explicit WMoveLPropertyWidget(QWidget* parent);
+    explicit WMoveLPropertyWidget(QWidget* parent = nullptr);
 };
 
 #endif

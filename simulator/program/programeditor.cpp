@@ -105,7 +105,11 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
     showFile();
 }
 
-ProgramEditor::~ProgramEditor() = default;
+ProgramEditor::~ProgramEditor()
+{
+    // The history is emptied, and says so, when this is no editor any more.
+    disconnect(m_program->undoStack(), nullptr, this, nullptr);
+}
 
 void ProgramEditor::changeEvent(QEvent* event)
 {

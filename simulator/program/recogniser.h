@@ -21,8 +21,8 @@ public:
 
     /// The instruction of a line; null: the line is blank, or no instruction's.
     /// The first instruction whose pattern is found in the whole line, comment included; failing that, the first
-    /// whose pattern is found in the line's name alone, or that has a specification instead of a pattern and is
-    /// called so.
+    /// whose pattern is found in the line's name alone, or that has a command record instead of a pattern and
+    /// is called so.
     const pendix::RlInstruction* find(const QString& line) const;
 
     /// Whether a line, such as an editor's, is one of this very instruction.
