@@ -126,12 +126,16 @@ int FakeHost::getUserOperateLevel()
 
 QStringList FakeHost::getPointNameList()
 {
+    called("points");
     return io.value("point");
 }
 
 void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
 {
     calls.append(QStringLiteral("addCurrentPoint %1 %2 %3 %4").arg(name, overwrite ? "true" : "false", tool, wobj));
+    if (!io["point"].contains(name)) {
+        io["point"].append(name);
+    }
 }
 
 QStringList FakeHost::getToolList()

@@ -27,14 +27,14 @@ public:
     ~FakeHost() override;
 
     // Scripted by the test.
-    QMap<QString, QJsonValue> nodes;            ///< service data and host settings by name
-    QMap<QString, QStringList> io;              ///< signal names by type
+    QMap<QString, QJsonValue> nodes;            ///< service data and host settings by name; active "tool" and "wobj"
+    QMap<QString, QStringList> io;              ///< signal names by type; "point" (stored ones too), "tool", "zone"...
     QJsonValue registers;                       ///< register metadata
     QStringList registerNames;                  ///< keys of the register hash
     int level = 3;                              ///< operator level
     bool powered = false;                       ///< robot power
     QMap<QString, QJsonArray> answers;          ///< result array by command name; else "return" 0 (true for enable)
-    std::function<void(const QString&)> onCall; ///< runs inside "command", "level", "read" and "message" calls
+    std::function<void(const QString&)> onCall; ///< runs inside "command", "level", "read", "message", "points"
 
     // Recorded, in order.
     QStringList reads;                            ///< names given to getVexaServiceData and getNodeData

@@ -1,0 +1,285 @@
+#include "pendixhost/host.h"
+#include "rl/rlcustominsertwidget.h"
+#include "rl/rlcustompropretywidget.h"
+#include "rl/rllaseroninsertwidget.h"
+#include "rl/rllaserwelddefine.h"
+#include "rl/rlparasetinsertwidget.h"
+#include "tests/fakehost.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QTest>
+
+#include <memory>
+
+using namespace pendix;
+
+namespace
+{
+
+/// An editor with its one row that comes and goes.
+struct Shown {
+    FakeHost host;
+    std::unique_ptr<RLContentBase> editor;
+    QSpinBox* number;
+    QLabel* label;
+
+    explicit Shown(RLContentBase* made, const char* numberName, const char* labelName)
+        : editor(made), number(made->findChild<QSpinBox*>(numberName)), label(made->findChild<QLabel*>(labelName))
+    {
+    }
+    bool hasRow() const
+    {
+        if (number->isVisibleTo(editor.get()) != label->isVisibleTo(editor.get())) {
+            qFatal("half a row");
+        }
+        return number->isVisibleTo(editor.get());
+    }
+    QComboBox* list(const char* name) const { return editor->findChild<QComboBox*>(name); }
+    QStringList warnings() const
+    {
+        QStringList found;
+        for (const LogStatement& statement : host.logs) {
+            if (statement.tag.startsWith("[W|")) {
+                found.append(statement.items.join('|'));
+            }
+        }
+        return found;
+    }
+};
+
+struct LaserOn : Shown {
+    LaserOn() : Shown(new RLLaserOnInsertWidget("LaserOn", nullptr), "spinInPlaceWait", "labelInPlaceWait") {}
+};
+
+struct ParaSet : Shown {
+    ParaSet() : Shown(new RLParaSetInsertWidget("LsParaSet", nullptr), "spinBox_ramp_time", "label") {}
+};
+
+} // namespace
+
+class TestInstructionEditors : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void laserOn_data();
+    void laserOn();
+    void laserOnByHand();
+    void paraSet_data();
+    void paraSet();
+    void paraSetByHand();
+    void setNames();
+    void roundTrips();
+    void fixedLine_data();
+    void fixedLine();
+    void generic();
+};
+
+void TestInstructionEditors::laserOn_data()
+{
+    QTest::addColumn<QStringList>("lines"); // one after the other
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<int>("wait");
+    const QString plain = "LaserOn(\"LsData1\");";
+    const QString spot = "LaserOn(\"LsData3\", 250);";
+    QTest::newRow("fresh") << QStringList{} << plain << 500;
+    QTest::newRow("default") << QStringList{plain} << plain << 500;
+    QTest::newRow("spot weld") << QStringList{spot} << spot << 250;
+    QTest::newRow("last set") << QStringList{"LaserOn(\"LsData30\")"} << "LaserOn(\"LsData30\");" << 500;
+    QTest::newRow("too long") << QStringList{"LaserOn(\"LsData1\",9000)"} << "LaserOn(\"LsData1\", 5000);" << 5000;
+    QTest::newRow("longest") << QStringList{"LaserOn(\"LsData1\",5000)"} << "LaserOn(\"LsData1\", 5000);" << 5000;
+    QTest::newRow("negative") << QStringList{"LaserOn(\"LsData1\",-5)"} << "LaserOn(\"LsData1\", 0);" << 0;
+    QTest::newRow("no number") << QStringList{"LaserOn(\"LsData1\",x)"} << "LaserOn(\"LsData1\", 500);" << 500;
+    QTest::newRow("no whole number") << QStringList{spot, "LaserOn(\"LsData3\",7.5)"} << spot << 250;
+    QTest::newRow("not decimal") << QStringList{spot, "LaserOn(\"LsData3\",0x10)"} << spot << 250;
+    QTest::newRow("beyond int") << QStringList{spot, "LaserOn(\"LsData3\",9999999999)"} << spot << 250;
+    QTest::newRow("no quotes") << QStringList{"LaserOn(LsData7)"} << "LaserOn(\"LsData7\");" << 500;
+    QTest::newRow("other function") << QStringList{"f(\"LsData7\",1,2)"} << "LaserOn(\"LsData7\", 1);" << 1;
+    QTest::newRow("unknown set") << QStringList{spot, "LaserOn(\"LsData31\",1)"} << "LaserOn(\"LsData3\", 1);" << 1;
+    QTest::newRow("other case") << QStringList{spot, "LaserOn(\"lsdata7\")"} << "LaserOn(\"LsData3\");" << 250;
+    QTest::newRow("no call") << QStringList{spot, plain + " // comment"} << spot << 250;
+    QTest::newRow("no arguments") << QStringList{spot, "LaserOn();"} << "LaserOn(\"LsData3\");" << 250;
+    QTest::newRow("normal again") << QStringList{spot, plain} << plain << 250;
+}
+
+void TestInstructionEditors::laserOn()
+{
+    QFETCH(QStringList, lines);
+    QFETCH(QString, written);
+    LaserOn shown;
+    for (const QString& line : qAsConst(lines)) {
+        shown.editor->FillWith(line);
+    }
+    QCOMPARE(shown.editor->ToString(), written);
+    QTEST(shown.number->value(), "wait");
+    QCOMPARE(shown.hasRow(), written.contains(", "));
+    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+    QVERIFY(shown.warnings().isEmpty());
+}
+
+void TestInstructionEditors::laserOnByHand()
+{
+    LaserOn shown;
+    QVERIFY(shown.number->minimum() == 0 && shown.number->maximum() == 5000);
+    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    QComboBox* mode = shown.list("cbxStartMode");
+    QVERIFY(mode->itemData(0) == 0 && mode->itemData(1) == 1 && mode->count() == 2);
+    mode->setCurrentIndex(1);
+    QVERIFY(shown.hasRow());
+    QCOMPARE(shown.editor->ToString(), QString("LaserOn(\"LsData1\", 500);"));
+    mode->setCurrentIndex(0);
+    QVERIFY(!shown.hasRow());
+    QCOMPARE(shown.editor->ToString(), QString("LaserOn(\"LsData1\");"));
+    // Both checks ask for a parameter set.
+    shown.list("cbxLaserDataID")->clear();
+    QVERIFY(!shown.editor->CheckInsert() && !shown.editor->CheckReplace());
+}
+
+void TestInstructionEditors::paraSet_data()
+{
+    QTest::addColumn<QStringList>("lines"); // one after the other
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<int>("time");
+    QTest::addColumn<QString>("warning");
+    const auto row = [](const char* name, const QStringList& lines, const char* written, int time,
+                        const char* warning = "") { QTest::newRow(name) << lines << written << time << warning; };
+    const QString timed = "LsParaSet(\"LsData2\",\"Time\",300);";
+    row("fresh", {}, "LsParaSet(\"LsData1\");", 200);
+    row("no ramp", {"LsParaSet(\"LsData30\");"}, "LsParaSet(\"LsData30\");", 200);
+    row("time, lower case", {"LsParaSet( \"LsData5\" , \"time\" , 350 )"}, "LsParaSet(\"LsData5\",\"Time\",350);", 350);
+    row("position, upper case", {"f(LsData5,POS)"}, "LsParaSet(\"LsData5\",\"Pos\");", 200);
+    row("no value", {"LsParaSet(\"LsData1\",\"Time\");"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
+    row("value that is none", {timed, "LsParaSet(\"LsData1\",\"Time\",x);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
+    row("value too high", {"LsParaSet(\"LsData1\",\"Time\",5000);"}, "LsParaSet(\"LsData1\",\"Time\",1000);", 1000);
+    row("value too low", {"LsParaSet(\"LsData1\",\"Time\",-1);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
+    row("unknown ramp", {timed, "LsParaSet(\"LsData1\",\"Ramp\",5);"}, "LsParaSet(\"LsData1\");", 300);
+    row("empty ramp", {timed, "LsParaSet(\"LsData1\",\"\");"}, "LsParaSet(\"LsData1\");", 300);
+    row("ramp is kept", {"f(\"LsData1\",\"Pos\")", "f(\"LsData9\")"}, "LsParaSet(\"LsData9\",\"Pos\");", 200);
+    row("time is kept", {timed, "f(\"LsData9\")"}, "LsParaSet(\"LsData9\",\"Time\",300);", 300);
+    row("unknown set", {timed, "f(\"LsData31\",\"Pos\")"}, "LsParaSet(\"LsData2\",\"Pos\");", 300);
+    row("no call", {timed, "LsParaSet(\"LsData1\"); // text"}, qPrintable(timed), 300);
+    row("no arguments", {timed, "LsParaSet();"}, qPrintable(timed), 300,
+        " Missing required parameters! funcName:|LsParaSet|, params:|()");
+}
+
+void TestInstructionEditors::paraSet()
+{
+    QFETCH(QStringList, lines);
+    QFETCH(QString, written);
+    QFETCH(QString, warning);
+    ParaSet shown;
+    for (const QString& line : qAsConst(lines)) {
+        shown.host.forget();
+        shown.editor->FillWith(line);
+        QCOMPARE(shown.host.logs.value(0).items.last(), line);
+    }
+    QCOMPARE(shown.editor->ToString(), written);
+    QTEST(shown.number->value(), "time");
+    QCOMPARE(shown.hasRow(), written.contains("Time"));
+    QCOMPARE(shown.warnings().join('\n'), warning);
+}
+
+void TestInstructionEditors::paraSetByHand()
+{
+    ParaSet shown;
+    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    QComboBox* ramp = shown.list("cbxRampType");
+    QCOMPARE(QStringList({ramp->itemText(0), ramp->itemText(1), ramp->itemText(2)}), QStringList({"", "Time", "Pos"}));
+    ramp->setCurrentIndex(1);
+    QVERIFY(shown.hasRow());
+    QCOMPARE(shown.editor->ToString(), QString("LsParaSet(\"LsData1\",\"Time\",200);"));
+    ramp->setCurrentIndex(2);
+    QVERIFY(!shown.hasRow());
+    shown.list("cbxLaserDataID")->clear();
+    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+}
+
+void TestInstructionEditors::setNames()
+{
+    const LaserOn laserOn;
+    const ParaSet paraSet;
+    for (const Shown* shown : {static_cast<const Shown*>(&laserOn), static_cast<const Shown*>(&paraSet)}) {
+        const QComboBox* names = shown->list("cbxLaserDataID");
+        QCOMPARE(names->count(), 30);
+        QVERIFY(!names->isEditable());
+        for (int i = 0; i < 30; ++i) {
+            QCOMPARE(names->itemText(i), QString("LsData%1").arg(i + 1));
+        }
+    }
+}
+
+void TestInstructionEditors::roundTrips()
+{
+    const LaserOn laserOn;
+    const ParaSet paraSet;
+    const QStringList ramps{"", ",\"Pos\"", ",\"Time\",0", ",\"Time\",7", ",\"Time\",1000"};
+    for (int i = 1; i <= 30; ++i) {
+        const QString set = QString("(\"LsData%1\"").arg(i);
+        for (const QString& wait : {QString(), QString(", 0"), QString(", %1").arg(i * 160), QString(", 5000")}) {
+            const QString line = "LaserOn" + set + wait + ");";
+            laserOn.editor->FillWith(line);
+            QCOMPARE(laserOn.editor->ToString(), line);
+        }
+        for (const QString& ramp : ramps) {
+            // A line without a ramp keeps the one before it.
+            paraSet.list("cbxRampType")->setCurrentIndex(0);
+            const QString line = "LsParaSet" + set + ramp + ");";
+            paraSet.editor->FillWith(line);
+            QCOMPARE(paraSet.editor->ToString(), line);
+        }
+    }
+}
+
+void TestInstructionEditors::fixedLine_data()
+{
+    QTest::addColumn<bool>("isInsert");
+    for (const char* name : {"LaserOff", "LsParaMatchOff"}) {
+        QTest::addRow("%s insert", name) << true;
+        QTest::addRow("%s property", name) << false;
+    }
+}
+
+void TestInstructionEditors::fixedLine()
+{
+    QFETCH(bool, isInsert);
+    FakeHost host;
+    RlRegistry::instance().clear();
+    delete new RlLaserWeldDefine(nullptr);
+    const QString name = QString(QTest::currentDataTag()).section(' ', 0, 0);
+    const QList<RlInstruction> all = RlRegistry::instance().instructions();
+    for (const RlInstruction& one : all) {
+        if (one.name == name) {
+            const std::unique_ptr<RLContentBase> editor(isInsert ? one.insertFactory() : one.propertyFactory());
+            editor->FillWith("LaserOn(\"LsData1\");");
+            QCOMPARE(editor->ToString(), name + "();");
+            QVERIFY(editor->CheckInsert() && editor->CheckReplace());
+            QCOMPARE(editor->findChild<QLabel*>()->text(), QString("No parameters."));
+        }
+    }
+    QVERIFY(host.logs.isEmpty());
+}
+
+void TestInstructionEditors::generic()
+{
+    RLCustomInsertWidget insert("Ins%1", nullptr);
+    RLCustomPropretyWidget property("Ins%1", nullptr);
+    for (RLContentBase* editor : {static_cast<RLContentBase*>(&insert), static_cast<RLContentBase*>(&property)}) {
+        FakeHost host;
+        QCOMPARE(editor->ToString(), QString("Ins%1 ,"));
+        editor->findChild<QLineEdit*>("line1")->setText("1%2");
+        editor->findChild<QLineEdit*>("line2")->setText(" b");
+        editor->FillWith("Ins%1 8,9");
+        QCOMPARE(editor->ToString(), QString("Ins%1 1%2, b"));
+        QCOMPARE(editor->CheckInsert(), editor == &insert);
+        QCOMPARE(editor->CheckReplace(), editor == &property);
+        QCOMPARE(host.logs.size(), 1);
+        QVERIFY(host.logs[0].tag.startsWith("[D|"));
+        QCOMPARE(host.logs[0].items.join('|'), QString("RLCustomInsertWidget::FillWith : |Ins%1| : |Ins%1 8,9"));
+    }
+}
+
+QTEST_MAIN(TestInstructionEditors)
+#include "tst_instructioneditors.moc"

@@ -1,0 +1,206 @@
+#include "rl/callscanner.h"
+#include "rl/instructiontext.h"
+#include "tests/fakehost.h"
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QTest>
+
+using corvane::util::extractFunctionAndParameters;
+using corvane::util::removePrefixAndSuffix;
+
+namespace
+{
+
+const QString kNoCall = "E|Parsing failed: Input string does not match function call format. input:|";
+
+/// Texts that a reader of calls could trip over, in pieces.
+QStringList alphabet()
+{
+    QStringList pieces{"(",  ")",  ";", ",", "\"", " ", "\t", "\n", "\r", "\v",
+                       "\f", "//", "_", "a", "Z",  "0", "9",  "[",  "%1"};
+    const QVector<ushort> others{0, 0x1f, 0x85, 0xa0, 0xe9, 0x660, 0x2028, 0x3000, 0x70b9, 0xd800, 0xdc00, 0xfeff};
+    for (const ushort code : others) {
+        pieces.append(QChar(code));
+    }
+    return pieces;
+}
+
+} // namespace
+
+class TestInstructionText : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void split_data();
+    void split();
+    void outputThatIsTheInput();
+    void likeTheExpression();
+    void ends_data();
+    void ends();
+    void quotes();
+};
+
+void TestInstructionText::split_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("arguments");
+    const auto call = [](const char* text, const char* name, const QStringList& arguments) {
+        QTest::newRow(QByteArray(text).simplified()) << QString(text) << QString(name) << arguments;
+    };
+    call("LaserOn(\"LsData1\");", "LaserOn", {"\"LsData1\""});
+    call("LaserOn(\"Ls,Data1\", 5)", "LaserOn", {"\"Ls", "Data1\"", "5"});
+    call("LsMoveL(Offs(p1,10,0,-2.5), v100, z10, tool0, wobj0);", "LsMoveL",
+         {"Offs(p1,10,0,-2.5)", "v100", "z10", "tool0", "wobj0"});
+    call("f(g(h(1,2),3),4)", "f", {"g(h(1,2),3)", "4"});
+    call("f([1,2], 3)", "f", {"[1", "2]", "3"});
+    call(" \t_f9 \n ( a ) ; \n", "", {}); // a blank before the semicolon
+    call(" \t_f9 \n ( a );\r\n\v\f ", "_f9", {"a"});
+    call("LaserOff();", "LaserOff", {});
+    call("f( \t )", "f", {});
+    call("f(a,,b)", "f", {"a", "b"});
+    call("f(, ,)", "f", {});
+    call("f(a\t,\vb\r)", "f", {"a", "b"});
+    call("f(a), b)", "f", {"a)", "b"});
+    call("f(), b), c)", "f", {")", "b)", "c"});
+    call("f((a, b)", "f", {"(a, b"});
+    call("f(a;)", "f", {"a;"});
+    call("f(a)(b)", "f", {"a)(b"});
+    for (const char* refused : {"", "LaserOn", "f(", "f)", "(a)", " (a)", "f(a);;", "f(a); // comment", "f(a)// b",
+                                "a f(b)", "a.f(b)", "-f(b)", "f(a) b", "f(a\nb)", "f(a)\nb"}) {
+        call(refused, "", {});
+    }
+    QTest::newRow("blanks of other scripts") << QString("f(\u00a0a\u3000,\u0085)") << "f" << QStringList{"a"};
+    QTest::newRow("another blank before") << QString("\u00a0f(a)") << "" << QStringList();
+    QTest::newRow("letters of other scripts") << QString::fromUtf8("点(a)") << "" << QStringList();
+    QTest::newRow("their arguments") << QString::fromUtf8("f(点)") << "f" << QStringList{QString::fromUtf8("点")};
+    QTest::newRow("half a character") << "f(" + QString(QChar(0xd800)) + ")"
+                                      << "" << QStringList();
+}
+
+void TestInstructionText::split()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, name);
+    QFETCH(QStringList, arguments);
+    FakeHost host;
+    QString readName = "old";
+    QStringList readArguments{"old"};
+    QCOMPARE(extractFunctionAndParameters(text, readName, readArguments), !name.isEmpty());
+    QCOMPARE(readName, name);
+    QCOMPARE(readArguments, arguments);
+    QString log = kNoCall + text;
+    if (!name.isEmpty()) {
+        const bool isEmpty = text.mid(text.indexOf('(') + 1).trimmed().startsWith(')') && arguments.isEmpty();
+        log = isEmpty ? QString("E|Extracted Parameter List: (Empty)")
+                      : QString("D|functionName:|%1|,parameterList:|(%2)").arg(name, arguments.join(", "));
+    }
+    QCOMPARE(host.logs.size(), 1);
+    QCOMPARE(host.logs[0].tag.mid(1, 2) + host.logs[0].items.join('|'), log);
+}
+
+void TestInstructionText::outputThatIsTheInput()
+{
+    FakeHost host;
+    QString text = "f(a)";
+    QStringList arguments;
+    QVERIFY(extractFunctionAndParameters(text, text, arguments));
+    QCOMPARE(text, QString("f"));
+    QCOMPARE(arguments, QStringList{"a"});
+}
+
+void TestInstructionText::likeTheExpression()
+{
+    const QRegularExpression expression(R"(^\s*(\w+)\s*\((.*?)\);?\s*$)");
+    const QStringList pieces = alphabet();
+    QRandomGenerator random(20);
+    const auto some = [&](int most) {
+        QString text;
+        for (int i = random.bounded(most + 1); i > 0; --i) {
+            text += pieces.at(random.bounded(pieces.size()));
+        }
+        return text;
+    };
+    int matched = 0;
+    for (int i = 0; i < 200000; ++i) {
+        // Half of them are near a call: at random few would be one.
+        const QString text = i % 2 == 0 ? some(10) : some(1) + "f1" + some(1) + '(' + some(6) + ')' + some(2);
+        const QRegularExpressionMatch match = expression.match(text);
+        const std::optional<CallText> call = scanCall(text);
+        const QByteArray shown = text.toUtf8().toPercentEncoding();
+        QVERIFY2(match.hasMatch() == call.has_value(), shown);
+        if (call) {
+            ++matched;
+            QVERIFY2(call->name == match.captured(1).trimmed() && call->arguments == match.captured(2).trimmed(),
+                     shown);
+        }
+    }
+    QVERIFY2(matched > 10000, QByteArray::number(matched));
+}
+
+void TestInstructionText::ends_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("prefix");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("middle");
+    QTest::newRow("both") << "<<a>"
+                          << "<<"
+                          << ">"
+                          << "a";
+    QTest::newRow("nothing between") << "<>"
+                                     << "<"
+                                     << ">"
+                                     << "";
+    QTest::newRow("only once") << "\"\"a\"\""
+                               << "\""
+                               << "\""
+                               << "\"a\"";
+    QTest::newRow("prefix only") << "<a"
+                                 << "<"
+                                 << ">"
+                                 << "<a";
+    QTest::newRow("suffix only") << "a>"
+                                 << "<"
+                                 << ">"
+                                 << "a>";
+    QTest::newRow("other case") << "Xay"
+                                << "x"
+                                << "y"
+                                << "Xay";
+    QTest::newRow("one for both") << "\""
+                                  << "\""
+                                  << "\""
+                                  << "\"";
+    QTest::newRow("overlapping") << "aba"
+                                 << "ab"
+                                 << "ba"
+                                 << "aba";
+    QTest::newRow("no prefix") << "a>"
+                               << ""
+                               << ">"
+                               << "a";
+}
+
+void TestInstructionText::ends()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, prefix);
+    QFETCH(QString, suffix);
+    QTEST(removePrefixAndSuffix(text, prefix, suffix), "middle");
+}
+
+void TestInstructionText::quotes()
+{
+    QCOMPARE(unwrapQuotes("\"LsData1\""), QString("LsData1"));
+    QCOMPARE(unwrapQuotes("\"\"a\"\""), QString("\"a\""));
+    QCOMPARE(unwrapQuotes("\"\""), QString(""));
+    for (const QString same : {"\"", "", "a", "\"a", "a\"", " \"a\"", "'a'"}) {
+        QCOMPARE(unwrapQuotes(same), same);
+    }
+}
+
+QTEST_MAIN(TestInstructionText)
+#include "tst_instructiontext.moc"
