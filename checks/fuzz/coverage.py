@@ -14,13 +14,14 @@ import subprocess
 import sys
 
 # The code that reads what comes from a controller, a file or a program line. A glob that matches no file is a
-# mistake, but for folders that are still empty.
+# mistake.
 COVERED = ["common/*.cpp", "simulator/*file.cpp", "simulator/*schema.cpp", "simulator/filefault.cpp",
            "simulator/jsoncheck.cpp", "simulator/weldcommands.cpp", "simulator/answerplan.cpp",
            "simulator/program/instructionline.cpp", "simulator/program/instructiontemplate.cpp",
            "simulator/program/programfile.cpp", "simulator/program/recogniser.cpp",
-           "simulator/program/templateeditor.cpp"]
-COVERED_LATER = ["rl/instructiontext.cpp"]
+           "simulator/program/templateeditor.cpp",
+           # All but the catalogue, which only hands out texts.
+           "rl/[!r]*.cpp", "rl/rl*widget.cpp"]
 
 # Functions of these files that need not be reached, with the reason.
 EXCEPTIONS = {
@@ -39,9 +40,9 @@ def run(*command, **options):
 
 def covered_files(source):
     files = []
-    for glob in COVERED + COVERED_LATER:
+    for glob in COVERED:
         found = sorted(source.glob(glob))
-        if not found and glob in COVERED:
+        if not found:
             sys.exit(f"no file matches {glob}")
         files += found
     return files

@@ -1,0 +1,232 @@
+// Program lines into every instruction editor and out again. An input is a line, or decisions that put one together
+// from what instructions hold, and that work the editor's point by hand.
+#include "checks/fuzz/application.h"
+#include "checks/fuzz/input.h"
+#include "checks/fuzz/require.h"
+#include "checks/support/scramble.h"
+#include "rl/rlcustominsertwidget.h"
+#include "rl/rlcustompropretywidget.h"
+#include "rl/rllaseroninsertwidget.h"
+#include "rl/rlparasetinsertwidget.h"
+#include "rl/setuppointwidget.h"
+#include "rl/wmovecfinsertwidget.h"
+#include "rl/wmovecfpropertywidget.h"
+#include "rl/wmovecinsertwidget.h"
+#include "rl/wmovecpropertywidget.h"
+#include "rl/wmovelinsertwidget.h"
+#include "rl/wmovelpropertywidget.h"
+#include "tests/fakehost.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <memory>
+
+using namespace fuzz;
+
+namespace
+{
+
+using Editor = std::unique_ptr<pendix::RLContentBase>;
+
+template <typename T>
+Editor named()
+{
+    return std::make_unique<T>(QStringLiteral("Ins"), nullptr);
+}
+
+template <typename T>
+Editor motion()
+{
+    return std::make_unique<T>(nullptr);
+}
+
+constexpr char kNames[] = R"((NULL|v100|v5), (z10|fine), (tool0|gun), (table|wobj0)\);)";
+
+struct Row {
+    Editor (*create)();
+    bool reads;          ///< takes something from a line
+    bool stores;         ///< stores points
+    const char* pattern; ///< of what it writes, up to the names that motions end with
+    bool isMotion;
+};
+
+const Row kRows[] = {
+    {named<pendix::RLLaserOnInsertWidget>, true, false,
+     R"re(LaserOn\("LsData([1-9]|[12]\d|30)"(, ([1-4]?\d{1,3}|5000))?\);)re", false},
+    {named<pendix::RLParaSetInsertWidget>, true, false,
+     R"re(LsParaSet\("LsData([1-9]|[12]\d|30)"(,"Pos"|,"Time",(\d{1,3}|1000))?\);)re", false},
+    {named<pendix::RLCustomInsertWidget>, false, false, "Ins ,", false},
+    {named<pendix::RLCustomPropretyWidget>, false, false, "Ins ,", false},
+    {motion<WMoveLPropertyWidget>, true, false, R"(LsMoveL\([^\n]+, )", true},
+    {motion<WMoveCPropertyWidget>, true, false, R"(LsMoveC\([^\n]+, [^\n]+, )", true},
+    {motion<WMoveCFPropertyWidget>, true, false,
+     R"re(LsMoveCF\([^\n]+, [^\n]+, -?[0-9.]+, "(RotAxis|ConstPose|FixedAxis)", )re", true},
+    {motion<WMoveLInsertWidget>, false, true, R"(LsMoveL\(p3, )", true},
+    {motion<WMoveCInsertWidget>, false, true, R"(LsMoveC\(p3, p4, )", true},
+    {motion<WMoveCFInsertWidget>, false, true, R"re(LsMoveCF\(p3, p4, 360, "RotAxis", )re", true},
+};
+
+void noWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg) {
+        fail("Qt says: " + text);
+    }
+}
+
+void furnish(FakeHost& host)
+{
+    host.io = {{"point", {"p1", "p2"}},
+               {"speed", {"v100", "v5"}},
+               {"zone", {"z10", "fine"}},
+               {"tool", {"tool0", "gun"}},
+               {"wobj", {"table", "wobj0"}}};
+    host.nodes["tool"] = "gun";
+    host.nodes["wobj"] = "wobj0";
+}
+
+QString inventNumber(Dice& dice)
+{
+    const QStringList numbers{"0",   "-1",   "360",       "5000", "1e308",     "-1e-7",
+                              "nan", "-inf", "0.0000005", "x",    "123456.789"};
+    return dice.below(2) == 0 ? dice.oneOf(numbers) : QString::number(dice.below(60000) - 30000);
+}
+
+QString inventArgument(Dice& dice)
+{
+    const QStringList words{"p1",    "\"LsData7\"", "\"Time\"",      "\"pos\"", "v5",    "fine",
+                            "tool0", "wobj0",       "\"FixedAxis\"", "table",   "(a,b)", ""};
+    switch (dice.below(6)) {
+    case 0:
+        return inventNumber(dice);
+    case 1:
+        return anyText(dice);
+    case 2:
+    case 3: {
+        QStringList parts{dice.oneOf(words)};
+        const bool isOffs = dice.below(2) == 0;
+        for (int i = isOffs ? 3 : 6; i > 0; --i) {
+            parts.append(inventNumber(dice));
+        }
+        if (dice.oneIn(8)) {
+            parts.removeLast();
+        }
+        return (isOffs ? "Offs(" : "RelTool(") + parts.join(',') + ')';
+    }
+    default:
+        return dice.oneOf(words);
+    }
+}
+
+QString inventLine(Dice& dice)
+{
+    QStringList arguments;
+    for (int i = dice.below(10); i > 0; --i) {
+        arguments.append(inventArgument(dice));
+    }
+    return "LsMoveL(" + arguments.join(',') + (dice.oneIn(16) ? "" : ");");
+}
+
+/// Whether a typed point name can be read again: one that is no single argument can't, nor what no call may hold.
+bool isReadable(const QString& name)
+{
+    const auto breaks = [](QChar c) { return c == ',' || c == '(' || c == ')' || c == '\n'; };
+    return !name.isEmpty() && name == name.trimmed() && name.isValidUtf16() &&
+           std::none_of(name.begin(), name.end(), breaks);
+}
+
+void requireReadBack(const Row& row, const QString& written)
+{
+    const Editor other = row.create();
+    other->FillWith(written);
+    require(other->ToString() == written, "what an editor wrote is not what another one reads");
+}
+
+void checkLine(const Row& row, const QString& line)
+{
+    const Editor editor = row.create();
+    const QString before = editor->ToString();
+    editor->FillWith(line);
+    const QString written = editor->ToString();
+    const QString pattern = QLatin1String(row.pattern) + QLatin1String(row.isMotion ? kNames : "");
+    const QRegularExpression form('^' + pattern + "\\z");
+    require(form.match(written).hasMatch(), "an editor writes what its instruction does not allow");
+    if (!row.reads) {
+        require(written == before, "an editor that reads nothing is changed by a line");
+        return;
+    }
+    editor->FillWith(written);
+    require(editor->ToString() == written, "an editor changes when it reads its own line");
+    requireReadBack(row, written);
+}
+
+/// Types a point and switches its expression, as an operator does; then lets the editor write.
+void checkByHand(FakeHost& host, const Row& row, Dice& dice)
+{
+    const QStringList names{"p1", "P1", "p3", "weld", " ", "a,b", "%1"};
+    host.level = dice.below(5);
+    const Editor editor = row.create();
+    QStringList fresh;
+    bool readable = true;
+    const auto points = editor->findChildren<SetUpPointWidget*>();
+    for (const SetUpPointWidget* point : points) {
+        auto* list = point->findChild<QComboBox*>(QStringLiteral("cbxPoint"));
+        const QString name = dice.below(2) == 0 ? dice.oneOf(names) : anyText(dice);
+        list->setEditText(name);
+        readable = readable && isReadable(list->currentText());
+        for (const char* button : {"btnOffs", "btnReltool", "btnOffs"}) {
+            if (dice.below(2) == 1) {
+                point->findChild<QPushButton*>(QLatin1String(button))->click();
+            }
+        }
+        const QString typed = list->currentText();
+        if (!typed.trimmed().isEmpty() && !host.io["point"].contains(typed) && !fresh.contains(typed)) {
+            fresh.append(typed);
+        }
+    }
+    host.calls.clear();
+    const QString written = editor->ToString();
+    const bool mayChange = host.level > 2;
+    require(editor->CheckInsert() == (row.stores && mayChange), "an insertion is allowed or refused wrongly");
+    require(editor->CheckReplace() == (!row.stores && mayChange), "a replacement is allowed or refused wrongly");
+    require(host.calls.size() == (row.stores && mayChange ? fresh.size() : 0), "points are stored that must not be");
+    if (row.reads && readable) {
+        requireReadBack(row, written);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
+{
+    silenceLogs();
+    startApplication();
+    qInstallMessageHandler(noWarning);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FakeHost host;
+    furnish(host);
+    const Input input(data, size);
+    ByteDice dice = input.dice();
+    if (input.holdsDecisions()) {
+        const Row& row = kRows[dice.below(std::size(kRows))];
+        host.level = 2;
+        checkLine(row, inventLine(dice));
+        if (row.isMotion) {
+            checkByHand(host, row, dice);
+        }
+        return 0;
+    }
+    // Nothing is stored below level 3, so that two texts of an editor can be compared.
+    host.level = 2;
+    for (const Row& row : kRows) {
+        checkLine(row, QString::fromUtf8(input.text()));
+    }
+    require(host.calls.isEmpty(), "a line stores points");
+    return 0;
+}
