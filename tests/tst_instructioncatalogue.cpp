@@ -59,13 +59,11 @@ class TestInstructionCatalogue : public QObject
 private slots:
     void init();
     void names();
-    void calls_data();
     void calls();
     void patterns_data();
     void patterns();
     void texts_data();
     void texts();
-    void fields_data();
     void fields();
     void factories_data();
     void factories();
@@ -96,33 +94,20 @@ void TestInstructionCatalogue::names()
     QCOMPARE(RlRegistry::instance().calls().last(), QString("createGroups LaserWeld"));
 }
 
-void TestInstructionCatalogue::calls_data()
-{
-    QTest::addColumn<QStringList>("names");
-    QTest::addColumn<QStringList>("operations");
-    const QStringList texts{"createTypeKey", "createSkeleton", "createInsDescribe", "createPattern",
-                            "createInsDefault"};
-    QTest::newRow("own editors") << QStringList{"LaserOn", "LaserOff", "LsParaSet", "LsParaMatchOff"}
-                                 << texts +
-                                        QStringList{"createPropertyWidget", "createInsertWidget", "createTypeToGroup"};
-    QTest::newRow("host's editors") << QStringList{"LsWireFwd", "LsWireBwd", "LsParaMatch"}
-                                    << texts + QStringList{"createTypeToGroup"};
-    QTest::newRow("motions") << QStringList{"LsMoveL", "LsMoveC", "LsMoveCF"}
-                             << QStringList{"createData", "createInsertWidget", "createPropertyWidget"};
-}
-
 void TestInstructionCatalogue::calls()
 {
-    QFETCH(QStringList, names);
-    for (const QString& name : qAsConst(names)) {
-        QStringList made;
-        const QStringList all = RlRegistry::instance().calls();
-        for (const QString& call : all) {
-            if (call.section(' ', 1) == name) {
-                made.append(call.section(' ', 0, 0));
-            }
-        }
-        QTEST(made, "operations");
+    const QString texts = "createTypeKey createSkeleton createInsDescribe createPattern createInsDefault ";
+    const QMap<QString, QString> expected{
+        {"LaserOn", texts + "createPropertyWidget createInsertWidget createTypeToGroup"},
+        {"LsWireFwd", texts + "createTypeToGroup"},
+        {"LsMoveL", "createData createInsertWidget createPropertyWidget"}};
+    QMap<QString, QStringList> made;
+    const QStringList all = RlRegistry::instance().calls();
+    for (const QString& call : all) {
+        made[call.section(' ', 1)].append(call.section(' ', 0, 0));
+    }
+    for (auto it = expected.begin(); it != expected.end(); ++it) {
+        QCOMPARE(made[it.key()].join(' '), it.value());
     }
 }
 
@@ -177,7 +162,6 @@ void TestInstructionCatalogue::texts_data()
     };
     row("LaserOn", "LaserOn;", "LaserOn(\"LsData1\");",
         "Welding start instruction\n1. LaserOn(\"LsDatax\"), normal\n2. LaserOn(\"LsDatax\", Time), spot weld");
-    row("LaserOff", "LaserOff();", "LaserOff();", "Welding end instruction\nLaserOff(), no parameters");
     row("LsParaSet", "LsParaSet;", "LsParaSet(\"LsData1\");",
         "Parameter switch instruction\n1. LsParaSet(\"LsData1\"), no ramp\n2. LsParaSet(\"LsData1\", \"Time\", "
         "value), time ramp\n3. LsParaSet(\"LsData1\", \"Pos\"), position ramp");
@@ -194,9 +178,6 @@ void TestInstructionCatalogue::texts_data()
     }
     row("LsParaMatch", qPrintable("LsParaMatch($Sched:#cmb#" + tables.join('/') + "#true$);"),
         "LsParaMatch(\"PowerData1\");", "Parameter match enable instruction\nLsParaMatch(\"PowerDatax\")");
-    row("LsParaMatchOff", "LsParaMatchOff();", "LsParaMatchOff();",
-        "Parameter match disable instruction\nLsParaMatchOff(), no parameters");
-    row("LsMoveL", "LsMoveL;", "", "Linear welding motion instruction\n\nLsMoveL(Pos, Speed, Zone, Tool, Wobj);");
     row("LsMoveC", "LsMoveC;", "", "Arc welding motion instruction\n\nLsMoveC(MidPos, Pos, Speed, Zone, Tool, Wobj);");
     row("LsMoveCF", "LsMoveCF;", "",
         "Full circle welding motion instruction\n\n"
@@ -212,26 +193,22 @@ void TestInstructionCatalogue::texts()
     QTEST(one.description, "description");
 }
 
-void TestInstructionCatalogue::fields_data()
-{
-    QTest::addColumn<QString>("fields");
-    const QString motion = " speed5 zone6 tool7 wobj8";
-    QTest::newRow("LsMoveL") << "Pos3" + motion;
-    QTest::newRow("LsMoveC") << "midPos3 Pos3" + motion;
-    QTest::newRow("LsMoveCF") << "auxPos13 auxPos23 runDeg1 rotType2" + motion;
-}
-
 void TestInstructionCatalogue::fields()
 {
-    const RlInstruction one = instruction(QTest::currentDataTag());
-    QStringList fields;
-    for (const RlCustomField& field : one.spec.fields) {
-        fields.append(field.name + QString::number(field.kind));
-        QVERIFY(field.option == 0 && field.defaultValue.isEmpty() && field.minimum == 0 && field.maximum == 999);
+    const QString motion = " speed5 zone6 tool7 wobj8";
+    const QMap<QString, QString> expected{{"LsMoveL", "Pos3" + motion},
+                                          {"LsMoveC", "midPos3 Pos3" + motion},
+                                          {"LsMoveCF", "auxPos13 auxPos23 runDeg1 rotType2" + motion}};
+    for (auto it = expected.begin(); it != expected.end(); ++it) {
+        const RlInstruction one = instruction(it.key());
+        QStringList fields;
+        for (const RlCustomField& field : one.spec.fields) {
+            fields.append(field.name + QString::number(field.kind));
+            QVERIFY(field.option == 0 && field.defaultValue.isEmpty() && field.minimum == 0 && field.maximum == 999);
+        }
+        QCOMPARE(fields.join(' '), it.value());
+        QVERIFY(!one.spec.useDefaultEditor && one.spec.name == one.name && one.pattern.isEmpty());
     }
-    QTEST(fields.join(' '), "fields");
-    QVERIFY(one.hasSpec && !one.spec.useDefaultEditor && one.pattern.isEmpty());
-    QCOMPARE(one.spec.name, one.name);
 }
 
 void TestInstructionCatalogue::factories_data()
