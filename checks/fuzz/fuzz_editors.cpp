@@ -71,7 +71,9 @@ const Row kRows[] = {
 
 void noWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
 {
-    if (type != QtDebugMsg && type != QtInfoMsg) {
+    // The log file may be /dev/null, which has no end to go to.
+    const bool isLogFile = text.startsWith(QLatin1String("QIODevice::seek"));
+    if (type != QtDebugMsg && type != QtInfoMsg && !isLogFile) {
         fail("Qt says: " + text);
     }
 }
@@ -153,6 +155,10 @@ void checkLine(const Row& row, const QString& line)
     const QString pattern = QLatin1String(row.pattern) + QLatin1String(row.isMotion ? kNames : "");
     const QRegularExpression form('^' + pattern + "\\z");
     require(form.match(written).hasMatch(), "an editor writes what its instruction does not allow");
+    const bool isInsertable = editor->CheckInsert();
+    const bool isReplaceable = editor->CheckReplace();
+    // The welding lines are for both, a generic editor for its own purpose, a motion for level 3.
+    require(isInsertable + isReplaceable == (row.isMotion ? 0 : row.reads ? 2 : 1), "an editor's checks are wrong");
     if (!row.reads) {
         require(written == before, "an editor that reads nothing is changed by a line");
         return;
