@@ -8,22 +8,22 @@ namespace corvane::util
 
 bool extractFunctionAndParameters(const QString& input, QString& functionName, QStringList& parameters)
 {
-    // The input may be one of the outputs.
-    const QString text = input;
-    functionName.clear();
-    parameters.clear();
-    const std::optional<CallText> call = scanCall(text);
+    const std::optional<CallText> call = scanCall(input);
     if (!call) {
-        logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << text;
+        logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << input;
+        functionName.clear();
+        parameters.clear();
         return false;
     }
-    functionName = call->name.toString();
-    if (call->arguments.isEmpty()) {
-        logLine(LogLevel::Error) << "Extracted Parameter List: (Empty)";
-        return true;
-    }
+    const bool isEmpty = call->arguments.isEmpty();
     parameters = splitArguments(call->arguments);
-    logLine(LogLevel::Debug) << "functionName:" << functionName << ",parameterList:" << parameters;
+    // Last, as the input may be this very variable.
+    functionName = call->name.toString();
+    if (isEmpty) {
+        logLine(LogLevel::Error) << "Extracted Parameter List: (Empty)";
+    } else {
+        logLine(LogLevel::Debug) << "functionName:" << functionName << ",parameterList:" << parameters;
+    }
     return true;
 }
 

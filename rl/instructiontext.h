@@ -8,7 +8,7 @@ namespace corvane::util
 {
 
 /// Splits a call-shaped text, a program line or a point expression, into the function's name and its arguments.
-/// Both outputs are cleared first. False, and an error line in the log, when the text is no call: a trailing "//"
+/// False, with both outputs empty, and an error line in the log, when the text is no call: a trailing "//"
 /// comment, or anything else after the closing parenthesis and an optional ";", makes it none.
 /// Arguments keep their quotes, which protect nothing: a comma inside a quoted text splits it. Nested calls stay
 /// one argument, empty arguments vanish. A call without arguments is one too, and writes an error line.

@@ -82,7 +82,7 @@ QVector<QDoubleSpinBox*> SetUpPointWidget::numbers() const
 
 QString SetUpPointWidget::getResult() const
 {
-    const QString point = ui->cbxPoint->currentText();
+    QString point = ui->cbxPoint->currentText();
     const ModeRow* wrapped = row(m_mode);
     if (wrapped == nullptr) {
         return point;

@@ -54,6 +54,19 @@ void pick(Tour& tour, const char* instruction)
     }
 }
 
+void openTab(Tour& tour, const char* tabs, const QString& text)
+{
+    auto* widget = tour.window()->findChild<QTabWidget*>(QLatin1String(tabs));
+    for (int tab = 0; widget != nullptr && tab < widget->count(); ++tab) {
+        if (widget->tabText(tab) == text) {
+            const QString obstacle = userinput::click(widget->tabBar(), widget->tabBar()->tabRect(tab).center());
+            tour.expect(obstacle.isEmpty(), obstacle);
+            return;
+        }
+    }
+    tour.expect(false, Tour::tr("there should be a tab %1").arg(text));
+}
+
 /// A list in an editor; with several of that name, the one in the named part of the editor.
 QComboBox* list(Tour& tour, const char* name, const char* part = nullptr)
 {
@@ -122,6 +135,8 @@ void expectPointHere(Tour& tour, const QString& name)
 void opensProgram(Tour& tour)
 {
     tour.window()->showProgram(true);
+    // Where the points that the editors store are to be seen.
+    openTab(tour, "inspector", PendantWindow::tr("Points"));
     const auto* tree = qobject_cast<QTreeWidget*>(tour.window()->findShown(QStringLiteral("instructionTree")));
     const QTreeWidgetItem* group = tree != nullptr ? tree->topLevelItem(0) : nullptr;
     tour.expect(group != nullptr && group->text(0) == QLatin1String("Laser Weld Ins") && group->childCount() == 10,
@@ -202,10 +217,7 @@ void showsEditor(Tour& tour)
 void changesLine(Tour& tour)
 {
     tour.window()->programEditor()->selectRow(1);
-    auto* tabs = qobject_cast<QTabWidget*>(tour.window()->findShown(QStringLiteral("programPanes")));
-    if (tabs != nullptr) {
-        userinput::click(tabs->tabBar(), tabs->tabBar()->tabRect(1).center());
-    }
+    openTab(tour, "programPanes", ProgramEditor::tr("Change"));
     choose(tour, "cbxStartMode", QStringLiteral("Spot weld"));
     tour.type(QStringLiteral("spinInPlaceWait"), QStringLiteral("250"));
     tour.click(kReplace);
@@ -224,10 +236,7 @@ void undoesChange(Tour& tour)
 void levelRefusesMotion(Tour& tour)
 {
     const QStringList before = pointNames(tour);
-    auto* tabs = qobject_cast<QTabWidget*>(tour.window()->findShown(QStringLiteral("programPanes")));
-    if (tabs != nullptr) {
-        userinput::click(tabs->tabBar(), tabs->tabBar()->tabRect(0).center());
-    }
+    openTab(tour, "programPanes", ProgramEditor::tr("Insert"));
     tour.controller()->setOperatorLevel(kOperator);
     pick(tour, "LsMoveL");
     tour.click(kInsertBelow);
@@ -243,8 +252,7 @@ void savesAndOpens(Tour& tour)
 {
     ProgramEditor* editor = tour.window()->programEditor();
     const QStringList written = editor->program()->lines();
-    const QString file = tour.file(QStringLiteral("weld-seam.rl"));
-    editor->setFileChooser([file](FileUse, const QString&) { return file; });
+    editor->setFileChooser([&tour](FileUse, const QString&) { return tour.file(QStringLiteral("weld-seam.rl")); });
     tour.click(QStringLiteral("programSave"));
     tour.click(QStringLiteral("programNew"));
     expectLines(tour, 0);

@@ -316,7 +316,7 @@ void TestProgramEditor::editsAreUndone()
 
 void TestProgramEditor::filesAreKept()
 {
-    const QString file = m_folder.filePath("one.rl");
+    QString file = m_folder.filePath("one.rl");
     QVector<FileUse> uses;
     m_editor->setFileChooser([&](FileUse use, const QString&) {
         uses.append(use);
@@ -366,7 +366,7 @@ void TestProgramEditor::unsavedChangesAreAskedFor()
     QFETCH(int, answer);
     QFETCH(bool, goesOn);
     QFETCH(bool, isSaved);
-    const QString file = m_folder.filePath(QStringLiteral("asked%1.rl").arg(answer));
+    QString file = m_folder.filePath(QStringLiteral("asked%1.rl").arg(answer));
     m_editor->setFileChooser([&](FileUse, const QString&) { return file; });
     insert("Weave(1);");
     click("programNew");

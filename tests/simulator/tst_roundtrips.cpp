@@ -48,7 +48,7 @@ void TestRoundTrips::initTestCase()
     QVERIFY2(cell.has_value(), qPrintable(fault.message()));
     m_controller = std::make_unique<SimulatedController>(*std::move(cell));
     m_host = std::make_unique<SimHost>(m_controller.get(), &m_journal);
-    RlLaserWeldDefine(nullptr);
+    const RlLaserWeldDefine registrar(nullptr);
     m_instructions = pendix::RlRegistry::instance().instructions();
     QCOMPARE(m_instructions.size(), 10);
 }
