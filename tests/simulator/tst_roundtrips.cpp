@@ -132,7 +132,7 @@ void TestRoundTrips::producibleLines()
     const auto editor = createEditor(each, EditorRole::Insert, &fault);
     QVERIFY2(editor != nullptr, qPrintable(fault));
     QSet<QString> lines;
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < 30; ++i) {
         fillAnyhow(editor.get());
         const WrittenLine line = writeLine(*editor, EditorRole::Insert, each, recogniser, 5);
         QVERIFY2(line.refusal.isEmpty(), qPrintable(line.refusal));
