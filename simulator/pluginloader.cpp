@@ -82,6 +82,7 @@ LoadResult PluginLoader::load(const QString& file)
         }
     }
     if (result.names.isEmpty()) {
+        takeBack({}, instructions);
         refuse(&result, LoadFault::NotRegistered,
                known.isEmpty()
                    ? tr("the library is loaded, but it registered no plug-in")

@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -134,7 +136,7 @@ void expectPointHere(Tour& tour, const QString& name)
 
 void opensProgram(Tour& tour)
 {
-    tour.window()->showProgram(true);
+    tour.click(tour.window()->findChild<QPushButton*>(QStringLiteral("showProgram")));
     // Where the points that the editors store are to be seen.
     openTab(tour, "inspector", PendantWindow::tr("Points"));
     const auto* tree = qobject_cast<QTreeWidget*>(tour.window()->findShown(QStringLiteral("instructionTree")));
@@ -216,14 +218,18 @@ void showsEditor(Tour& tour)
 
 void changesLine(Tour& tour)
 {
-    tour.window()->programEditor()->selectRow(1);
+    if (const auto* table = qobject_cast<QTableView*>(tour.window()->findShown(QStringLiteral("programLines")))) {
+        const QRect cell = table->visualRect(table->model()->index(1, Program::Text));
+        const QString obstacle = userinput::click(table->viewport(), cell.center());
+        tour.expect(obstacle.isEmpty(), obstacle);
+    }
     openTab(tour, "programPanes", ProgramEditor::tr("Change"));
     choose(tour, "cbxStartMode", QStringLiteral("Spot weld"));
     tour.type(QStringLiteral("spinInPlaceWait"), QStringLiteral("250"));
     tour.click(kReplace);
     expectLine(tour, 1, QStringLiteral("LaserOn(\"LsData2\", 250);"));
-    const auto* trip = qobject_cast<QLabel*>(tour.window()->findShown(QStringLiteral("roundTrip")));
-    tour.expect(trip != nullptr && trip->text().contains(QLatin1String("expresses the whole line")),
+    const auto* trip = qobject_cast<QPlainTextEdit*>(tour.window()->findShown(QStringLiteral("roundTrip")));
+    tour.expect(trip != nullptr && trip->toPlainText().contains(QLatin1String("expresses the whole line")),
                 Tour::tr("the editor should express the whole line"));
 }
 
@@ -245,11 +251,11 @@ void levelRefusesMotion(Tour& tour)
     const auto* word = qobject_cast<QLabel*>(tour.window()->findShown(QStringLiteral("editorWord")));
     tour.expect(word != nullptr && word->text().contains(QLatin1String("Refused: at operator level 2")),
                 Tour::tr("the refusal should be shown with the operator level"));
-    tour.controller()->setOperatorLevel(kEngineer);
 }
 
 void savesAndOpens(Tour& tour)
 {
+    tour.controller()->setOperatorLevel(kEngineer);
     ProgramEditor* editor = tour.window()->programEditor();
     const QStringList written = editor->program()->lines();
     editor->setFileChooser([&tour](FileUse, const QString&) { return tour.file(QStringLiteral("weld-seam.rl")); });

@@ -101,6 +101,8 @@ QString SimulatedController::addPoint(const QString& name, bool overwrite, const
         m_points[place] = {name, m_position, tool, wobj};
         emit dataChanged();
         emit pointsChanged(place);
+    } else {
+        emit pointRefused(name, obstacle);
     }
     return obstacle;
 }

@@ -72,6 +72,8 @@ signals:
     void operatorLevelChanged(int level);
     void planChanged(const QString& command);
     void positionChanged();
+    /// A point could not be stored, and why.
+    void pointRefused(const QString& name, const QString& reason);
     /// The point at that place of the list was added or replaced.
     void pointsChanged(int place);
     /// Nodes, values, points or the weld enable changed.

@@ -108,7 +108,8 @@ bool isAllowed(const TemplateField& field, const QString& value)
 QStringList formValues(TemplateEditor& editor, const InstructionTemplate& instruction)
 {
     const QString line = editor.ToString();
-    require(lineFault(line).isEmpty() && splitLine(line).comment.isEmpty(), "a form makes no proper line");
+    require((lineFault(line).isEmpty() || line.size() > kLongestLine) && splitLine(line).comment.isEmpty(),
+            "a form makes no proper line");
     const std::optional<QStringList> values = instruction.values(line);
     require(values && values->size() == instruction.fields().size(), "a form's own line has not its shape");
     for (int i = 0; i < values->size(); ++i) {

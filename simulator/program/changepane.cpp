@@ -1,12 +1,11 @@
 #include "simulator/program/changepane.h"
 
 #include "simulator/program/editorframe.h"
-#include "simulator/program/instructionline.h"
-#include "simulator/program/instructionwriter.h"
 #include "simulator/simulatedcontroller.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,26 +15,31 @@ namespace sim
 namespace
 {
 
-QLabel* textLabel(const char* name, QWidget* parent)
-{
-    auto* label = new QLabel(parent);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
+constexpr int kRoundTripLines = 3;
 
 QString roundTripText(const RoundTrip& trip)
 {
-    if (!trip.fault.isEmpty()) {
-        return {};
-    }
     return trip.isFaithful()
                ? ChangePane::tr("Round trip: the editor expresses the whole line.")
-               : ChangePane::tr("Round trip: filling the editor and reading it back changes the line.\n  now:\t%1\n"
-                                "  then:\t%2")
+               : ChangePane::tr("Round trip: filling the editor and reading it back changes the line.\nnow:  %1\n"
+                                "then: %2")
                      .arg(trip.before, trip.after);
+}
+
+/// Of a fixed number of lines, as a program line may be long: more of it scrolls.
+QPlainTextEdit* textView(const char* name, int lines, QWidget* parent)
+{
+    auto* view = new QPlainTextEdit(parent);
+    view->setObjectName(QLatin1String(name));
+    view->setReadOnly(true);
+    view->setWordWrapMode(QTextOption::WrapAnywhere);
+    view->setFrameShape(QFrame::NoFrame);
+    view->document()->setDocumentMargin(0);
+    QPalette colours = view->palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    view->setPalette(colours);
+    view->setFixedHeight(lines * view->fontMetrics().lineSpacing());
+    return view;
 }
 
 } // namespace
@@ -44,11 +48,14 @@ ChangePane::ChangePane(const Program* program, const SimulatedController* contro
     : QWidget(parent),
       m_program(program),
       m_controller(controller),
-      m_match(textLabel("lineMatch", this)),
-      m_roundTrip(textLabel("roundTrip", this)),
+      m_match(new QLabel(this)),
+      m_roundTrip(textView("roundTrip", kRoundTripLines, this)),
       m_frame(new EditorFrame(this)),
       m_replace(new QPushButton(tr("Replace line"), this))
 {
+    m_match->setObjectName(QStringLiteral("lineMatch"));
+    m_match->setTextFormat(Qt::PlainText);
+    m_match->setWordWrap(true);
     m_replace->setObjectName(QStringLiteral("replaceLine"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -59,7 +66,13 @@ ChangePane::ChangePane(const Program* program, const SimulatedController* contro
     layout->addWidget(m_frame, 1);
     layout->addLayout(buttons);
     connect(m_replace, &QPushButton::clicked, this, &ChangePane::replace);
-    showRow(-1);
+    connect(m_frame, &EditorFrame::editorGone, this, [this] { m_replace->setEnabled(false); });
+    connect(controller, &SimulatedController::operatorLevelChanged, this, [this] {
+        if (m_frame->editor() != nullptr) {
+            m_frame->tell({});
+        }
+    });
+    showNothing(tr("Select a line to change it."));
 }
 
 void ChangePane::showNothing(const QString& why)
@@ -74,12 +87,21 @@ void ChangePane::showNothing(const QString& why)
 
 void ChangePane::showRow(int row)
 {
+    if (m_isAsking) {
+        m_nextRow = row;
+        return;
+    }
+    const QString line = m_program->line(row);
+    // What was typed into an editor outlives a look at something else.
+    if (row == m_row && line == m_line && m_frame->editor() != nullptr) {
+        return;
+    }
     m_row = row;
+    m_line = line;
     if (row < 0 || row >= m_program->lines().size()) {
         showNothing(tr("Select a line to change it."));
         return;
     }
-    const QString line = m_program->line(row);
     const pendix::RlInstruction* instruction = m_program->recogniser().find(line);
     if (instruction == nullptr) {
         showNothing(Recogniser::isBlank(line)
@@ -90,35 +112,62 @@ void ChangePane::showRow(int row)
     m_instruction = *instruction;
     m_match->setText(tr("Line %1 is recognised as %2.").arg(QString::number(row + 1), instruction->name));
     const RoundTrip trip = tryRoundTrip(m_instruction, line);
-    m_roundTrip->setText(roundTripText(trip));
-    m_roundTrip->setVisible(!m_roundTrip->text().isEmpty());
+    showRoundTrip(trip);
     QString fault;
     m_frame->setEditor(createEditor(m_instruction, EditorRole::Change, &fault));
-    m_frame->tell(fault, EditorFrame::Tone::Refusal);
-    m_replace->setEnabled(m_frame->editor() != nullptr);
     if (m_frame->editor() != nullptr) {
         // Editors read code; what else stands in the line is the program's.
-        m_frame->editor()->FillWith(trip.before);
+        fault = fillEditor(*m_frame->editor(), trip.before);
     }
+    m_frame->tell(fault, EditorFrame::Tone::Refusal);
+    m_replace->setEnabled(m_frame->editor() != nullptr);
+}
+
+void ChangePane::showRoundTrip(const RoundTrip& trip)
+{
+    m_roundTrip->setPlainText(trip.fault.isEmpty() ? roundTripText(trip) : QString());
+    m_roundTrip->setVisible(trip.fault.isEmpty());
+}
+
+/// Why the line can't become what was written; empty: it can become after.
+QString ChangePane::refusalOf(const QString& line, const WrittenLine& written, QString* after) const
+{
+    if (!written.refusal.isEmpty()) {
+        return written.refusal;
+    }
+    if (m_program->line(m_row) != line) {
+        return tr("Refused: line %1 has become another one meanwhile.").arg(m_row + 1);
+    }
+    const std::optional<QString> changed = withCode(line, written.text);
+    *after = changed.value_or(QString());
+    return changed ? QString() : tr("Refused: with  %1  the line would lose its comment.").arg(written.text);
 }
 
 void ChangePane::replace()
 {
+    if (m_isAsking) {
+        return;
+    }
     m_frame->tell({});
-    const WrittenLine written = writeLine(*m_frame->editor(), EditorRole::Change, m_instruction,
-                                          m_program->recogniser(), m_controller->operatorLevel());
-    if (!written.refusal.isEmpty()) {
-        m_frame->tell(written.refusal, EditorFrame::Tone::Refusal);
-        emit refused(written.refusal);
-        return;
-    }
-    const QString before = m_program->line(m_row);
-    const QString after = withCode(before, written.text);
-    if (after == before) {
+    m_isAsking = true;
+    const WrittenLine written = writeLine(m_frame->editor(), EditorRole::Change, m_instruction, m_program->recogniser(),
+                                          m_controller->operatorLevel());
+    m_isAsking = false;
+    QString after;
+    const QString refusal = refusalOf(m_line, written, &after);
+    if (!refusal.isEmpty()) {
+        m_frame->tell(refusal, EditorFrame::Tone::Refusal);
+        emit refused(refusal);
+    } else if (after == m_line) {
         m_frame->tell(tr("The line is like this already."));
-        return;
+    } else {
+        emit lineWritten(m_row, after, m_instruction.name);
     }
-    emit lineWritten(m_row, after, m_instruction.name);
+    if (m_nextRow) {
+        const int row = *m_nextRow;
+        m_nextRow.reset();
+        showRow(row);
+    }
 }
 
 } // namespace sim

@@ -1,11 +1,15 @@
 #ifndef SIMULATOR_PROGRAM_CHANGEPANE_H
 #define SIMULATOR_PROGRAM_CHANGEPANE_H
 
+#include "simulator/program/instructionwriter.h"
 #include "simulator/program/program.h"
 
 #include <QWidget>
 
+#include <optional>
+
 class QLabel;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace sim
@@ -23,7 +27,8 @@ class ChangePane : public QWidget
 public:
     ChangePane(const Program* program, const SimulatedController* controller, QWidget* parent = nullptr);
 
-    /// Shows a row of the program in a new editor; one that does not exist stands for no selection.
+    /// Shows a row of the program in a new editor, unless it is shown already as it stands. A row that does not exist
+    /// stands for no selection.
     void showRow(int row);
 
 signals:
@@ -32,16 +37,21 @@ signals:
 
 private:
     void showNothing(const QString& why);
+    void showRoundTrip(const RoundTrip& trip);
     void replace();
+    QString refusalOf(const QString& line, const WrittenLine& written, QString* after) const;
 
     const Program* m_program;
     const SimulatedController* m_controller;
     QLabel* m_match;
-    QLabel* m_roundTrip;
+    QPlainTextEdit* m_roundTrip;
     EditorFrame* m_frame;
     QPushButton* m_replace;
     int m_row = -1;
+    QString m_line; ///< as it is shown
     pendix::RlInstruction m_instruction;
+    bool m_isAsking = false;      ///< the editor is being asked, which may let the event loop run
+    std::optional<int> m_nextRow; ///< was selected meanwhile
 };
 
 } // namespace sim

@@ -31,10 +31,14 @@ EditorFrame::EditorFrame(QWidget* parent) : QWidget(parent), m_scroll(new QScrol
 void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor)
 {
     tell({});
+    if (m_editor != nullptr) {
+        disconnect(m_editor, nullptr, this, nullptr);
+    }
     delete m_scroll->takeWidget();
     m_editor = editor.release();
     if (m_editor != nullptr) {
         m_scroll->setWidget(m_editor);
+        connect(m_editor, &QObject::destroyed, this, &EditorFrame::editorGone);
     }
 }
 

@@ -31,6 +31,10 @@ public:
     /// Replaces what was said before; empty: nothing is said.
     void tell(const QString& text, Tone tone = Tone::Plain);
 
+signals:
+    /// The plug-in has taken its editor away.
+    void editorGone();
+
 private:
     QScrollArea* m_scroll;
     QLabel* m_word;

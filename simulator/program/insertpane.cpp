@@ -82,6 +82,14 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
     connect(m_tree, &QTreeWidget::itemActivated, this, &InsertPane::showPicked);
     connect(m_above, &QPushButton::clicked, this, [this] { insert(Place::Above); });
     connect(m_below, &QPushButton::clicked, this, [this] { insert(Place::Below); });
+    connect(m_frame, &EditorFrame::editorGone, this, [this] { setInsertable(false); });
+    connect(controller, &SimulatedController::pointRefused, this,
+            [this](const QString& name, const QString& reason) { m_obstacle = tr("%1: %2").arg(name, reason); });
+    connect(controller, &SimulatedController::operatorLevelChanged, this, [this] {
+        if (m_frame->editor() != nullptr) {
+            m_frame->tell({});
+        }
+    });
     showPicked();
 }
 
@@ -109,6 +117,10 @@ bool InsertPane::pick(const QString& name)
 
 void InsertPane::showPicked()
 {
+    if (m_isAsking) {
+        m_isOutdated = true;
+        return;
+    }
     const QTreeWidgetItem* item = m_tree->currentItem();
     m_picked = {};
     if (item != nullptr && item->parent() != nullptr) {
@@ -123,21 +135,39 @@ void InsertPane::showPicked()
     QString fault;
     m_frame->setEditor(isPicked ? createEditor(m_picked, EditorRole::Insert, &fault) : nullptr);
     m_frame->tell(fault, EditorFrame::Tone::Refusal);
-    m_above->setEnabled(m_frame->editor() != nullptr);
-    m_below->setEnabled(m_frame->editor() != nullptr);
+    setInsertable(m_frame->editor() != nullptr);
+}
+
+void InsertPane::setInsertable(bool insertable)
+{
+    m_above->setEnabled(insertable);
+    m_below->setEnabled(insertable);
 }
 
 void InsertPane::insert(Place place)
 {
+    if (m_isAsking) {
+        return;
+    }
     m_frame->tell({});
-    const WrittenLine written = writeLine(*m_frame->editor(), EditorRole::Insert, m_picked, m_program->recogniser(),
+    m_obstacle.clear();
+    m_isAsking = true;
+    const WrittenLine written = writeLine(m_frame->editor(), EditorRole::Insert, m_picked, m_program->recogniser(),
                                           m_controller->operatorLevel());
+    m_isAsking = false;
     if (!written.refusal.isEmpty()) {
         m_frame->tell(written.refusal, EditorFrame::Tone::Refusal);
         emit refused(written.refusal);
-        return;
+    } else {
+        emit lineWritten(written.text, m_picked.name, place);
+        if (!m_obstacle.isEmpty()) {
+            m_frame->tell(tr("Inserted, but a point was not stored. %1").arg(m_obstacle), EditorFrame::Tone::Refusal);
+        }
     }
-    emit lineWritten(written.text, m_picked.name, place);
+    if (m_isOutdated) {
+        m_isOutdated = false;
+        showPicked();
+    }
 }
 
 } // namespace sim

@@ -39,6 +39,7 @@ signals:
 
 private:
     void showPicked();
+    void setInsertable(bool insertable);
     void insert(Place place);
 
     const Program* m_program;
@@ -49,6 +50,9 @@ private:
     QPushButton* m_above;
     QPushButton* m_below;
     pendix::RlInstruction m_picked;
+    bool m_isAsking = false;   ///< an editor is being asked, which may let the event loop run
+    bool m_isOutdated = false; ///< something else was picked meanwhile
+    QString m_obstacle;        ///< why a point was not stored meanwhile
 };
 
 } // namespace sim

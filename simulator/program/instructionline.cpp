@@ -48,6 +48,9 @@ QString instructionName(const QString& line)
 
 QString lineFault(const QString& line)
 {
+    if (line.size() > kLongestLine) {
+        return QCoreApplication::translate("sim::InstructionLine", "has more than %1 characters").arg(kLongestLine);
+    }
     for (const QChar c : line) {
         if (isLineBreak(c)) {
             return QCoreApplication::translate("sim::InstructionLine", "has a line break inside");

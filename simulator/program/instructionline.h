@@ -20,8 +20,11 @@ InstructionLine splitLine(const QString& line);
 /// when it has no parenthesis. Empty for a line without code.
 QString instructionName(const QString& line);
 
-/// Why a text can't be a line of a program: it has a line break, another control character than a tab, or half a
-/// surrogate pair. Empty for a text that can.
+/// A line of a program has at most so many characters; what shows lines need not be ready for more.
+constexpr int kLongestLine = 4096;
+
+/// Why a text can't be a line of a program: it is too long, or has a line break, another control character than a tab,
+/// or half a surrogate pair. Empty for a text that can.
 QString lineFault(const QString& line);
 
 } // namespace sim

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QColor>
 #include <QStyle>
+#include <QTextDocument>
 #include <QUndoCommand>
 
 namespace sim
@@ -126,7 +127,7 @@ QVariant Program::data(const QModelIndex& index, int role) const
         return index.column() == Text ? line : instructionText(line);
     case Qt::ToolTipRole:
         return isUnrecognised(line) ? tr("No instruction of a loaded plug-in recognises this line. It stays as it is.")
-                                    : line;
+                                    : Qt::convertFromPlainText(line);
     case Qt::ForegroundRole:
         return isUnrecognised(line) ? QVariant(QColor(190, 0, 20)) : QVariant();
     case Qt::DecorationRole:

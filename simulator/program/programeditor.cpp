@@ -28,17 +28,20 @@ constexpr int kInstructionWidth = 150;
 constexpr int kRowGap = 6;
 /// Fixed, so that a word or an editor that comes does not make the window grow: both can be scrolled.
 constexpr QSize kSmallest(560, 360);
-/// Height of the lines and of the panes, as parts of what there is.
-constexpr int kLinesPart = 2;
-constexpr int kPanesPart = 3;
+/// Height of the lines and of the panes, as parts of what there is: the largest editor is seen whole.
+constexpr int kLinesPart = 21;
+constexpr int kPanesPart = 36;
 
 QString chooseByDialog(QWidget* parent, FileUse use, const QString& current)
 {
-    const QString filter = ProgramEditor::tr("Robot programs (*.rl);;All files (*)");
-    return use == FileUse::Open
-               ? QFileDialog::getOpenFileName(parent, ProgramEditor::tr("Open program"), current, filter)
-               : QFileDialog::getSaveFileName(parent, ProgramEditor::tr("Save program"),
-                                              current.isEmpty() ? QStringLiteral("weld.rl") : current, filter);
+    const bool isOpen = use == FileUse::Open;
+    QFileDialog dialog(parent, isOpen ? ProgramEditor::tr("Open program") : ProgramEditor::tr("Save program"));
+    dialog.setAcceptMode(isOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(isOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setNameFilters({ProgramEditor::tr("Robot programs (*.rl)"), ProgramEditor::tr("All files (*)")});
+    dialog.setDefaultSuffix(QStringLiteral("rl"));
+    dialog.selectFile(current.isEmpty() && !isOpen ? QStringLiteral("weld.rl") : current);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 QTableView* createTable(Program* program, QWidget* parent)
@@ -83,6 +86,7 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
     splitter->addWidget(m_panes);
     splitter->setStretchFactor(0, kLinesPart);
     splitter->setStretchFactor(1, kPanesPart);
+    splitter->setSizes({kLinesPart * 10, kPanesPart * 10});
     splitter->setChildrenCollapsible(false);
     auto* bar = new QHBoxLayout;
     createFileBar(bar);
@@ -102,6 +106,7 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ProgramEditor::showSelected);
     connect(m_panes, &QTabWidget::currentChanged, this, &ProgramEditor::showSelected);
     connect(m_table, &QTableView::doubleClicked, this, [this] { m_panes->setCurrentWidget(m_change); });
+    showSelected();
     showFile();
 }
 
@@ -135,7 +140,7 @@ void ProgramEditor::createFileBar(QHBoxLayout* bar)
     redo->setIconText(tr("Redo"));
     addActionButton(bar, "programUndo", undo, QStringLiteral("Ctrl+Z"));
     addActionButton(bar, "programRedo", redo, QStringLiteral("Ctrl+Y"));
-    addButton(bar, "programDelete", tr("Delete line"), {}, [this] { removeSelected(); });
+    m_delete = addButton(bar, "programDelete", tr("Delete line"), {}, [this] { removeSelected(); });
     bar->addSpacing(12);
     m_fileLabel->setObjectName(QStringLiteral("programFile"));
     m_fileLabel->setTextFormat(Qt::PlainText);
@@ -144,14 +149,15 @@ void ProgramEditor::createFileBar(QHBoxLayout* bar)
     bar->addWidget(m_fileLabel, 1);
 }
 
-void ProgramEditor::addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
-                              const std::function<void()>& act)
+QAction* ProgramEditor::addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
+                                  const std::function<void()>& act)
 {
     auto* action = new QAction(text, this);
     // Without this a button would leave out the dots at the end.
     action->setIconText(text);
     connect(action, &QAction::triggered, this, act);
     addActionButton(bar, name, action, shortcut);
+    return action;
 }
 
 void ProgramEditor::addActionButton(QHBoxLayout* bar, const char* name, QAction* action, const QString& shortcut)
@@ -169,8 +175,13 @@ void ProgramEditor::readRegistry()
 {
     m_program->setInstructions(pendix::RlRegistry::instance().instructions());
     m_insert->listInstructions();
+    m_change->showRow(-1);
+    showSelected();
     for (const QString& fault : m_program->recogniser().faults()) {
-        emit notice(fault);
+        if (!m_reportedFaults.contains(fault)) {
+            m_reportedFaults.append(fault);
+            emit notice(fault);
+        }
     }
 }
 
@@ -200,8 +211,11 @@ void ProgramEditor::followEdit(int row)
 
 void ProgramEditor::showSelected()
 {
+    m_delete->setEnabled(selectedRow() >= 0);
     // Editors ask the controller for its lists: only what is looked at is built.
-    m_change->showRow(m_panes->currentWidget() == m_change ? selectedRow() : -1);
+    if (m_panes->currentWidget() == m_change) {
+        m_change->showRow(selectedRow());
+    }
 }
 
 void ProgramEditor::removeSelected()
@@ -212,8 +226,9 @@ void ProgramEditor::removeSelected()
 void ProgramEditor::showFile()
 {
     const QString name = m_file.isEmpty() ? tr("new program") : QFileInfo(m_file).fileName();
-    m_fileLabel->setText(m_program->isModified() ? tr("%1 - not saved").arg(name) : name);
-    m_fileLabel->setToolTip(m_file);
+    // The mark first: a long name is cut at its end.
+    m_fileLabel->setText(m_program->isModified() ? tr("Not saved: %1").arg(name) : name);
+    m_fileLabel->setToolTip(m_file.toHtmlEscaped());
 }
 
 void ProgramEditor::afterSaving(const std::function<void()>& act)
@@ -265,6 +280,7 @@ bool ProgramEditor::open(const QString& file)
     }
     m_file = file;
     m_program->load(*lines);
+    selectRow(0);
     showSelected();
     showFile();
     return true;

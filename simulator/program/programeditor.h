@@ -73,8 +73,8 @@ protected:
 
 private:
     void createFileBar(QHBoxLayout* bar);
-    void addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
-                   const std::function<void()>& act);
+    QAction* addButton(QHBoxLayout* bar, const char* name, const QString& text, const QString& shortcut,
+                       const std::function<void()>& act);
     void addActionButton(QHBoxLayout* bar, const char* name, QAction* action, const QString& shortcut);
     void insert(const QString& line, const QString& instruction, InsertPane::Place place);
     void followEdit(int row);
@@ -87,6 +87,8 @@ private:
     QTableView* m_table;
     QTabWidget* m_panes;
     QLabel* m_fileLabel;
+    QAction* m_delete = nullptr;
+    QStringList m_reportedFaults; ///< of instructions' patterns
     QString m_file;
     ChooseFile m_choose;
 };

@@ -1,6 +1,7 @@
 #include "simulator/journalmodel.h"
 #include "simulator/livepicture.h"
 #include "simulator/pendantwindow.h"
+#include "simulator/program/programeditor.h"
 #include "simulator/statefile.h"
 #include "simulator/userinput.h"
 
@@ -8,6 +9,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -40,6 +42,7 @@ private slots:
     void stateIsKeptOrItsLossShown();
     void fingersReachOnlyWhatIsThere();
     void closingDuringASlowCommand();
+    void closingWithAnUnsavedProgram();
 
 private:
     std::unique_ptr<SimulatedController> m_controller;
@@ -374,6 +377,20 @@ void TestPendantWindow::closingDuringASlowCommand()
     QApplication::exec();
     QVERIFY(returned);
     QVERIFY(!m_controller->weldEnabled());
+}
+
+void TestPendantWindow::closingWithAnUnsavedProgram()
+{
+    m_window->programEditor()->program()->insertLine(0, QStringLiteral("Wait(1);"), QStringLiteral("Wait"));
+    for (const auto& [answer, staysOpen] : {std::pair(QMessageBox::Cancel, true), {QMessageBox::Discard, false}}) {
+        m_window->close();
+        QVERIFY(m_window->isVisible());
+        auto* box = m_window->findChild<QMessageBox*>();
+        QVERIFY(box != nullptr);
+        box->button(answer)->click();
+        QCOMPARE(m_window->isVisible(), staysOpen);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 QTEST_MAIN(TestPendantWindow)

@@ -225,22 +225,27 @@ void TestProgram::programsComeBack()
 
 void TestProgram::refusedProgramsLeaveTheFile_data()
 {
-    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("lines");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("line break") << "a\nb"
-                                << "line 2: has a line break inside";
-    QTest::newRow("escape") << "\x1b"
-                            << "line 2: has a control character (code 27)";
-    QTest::newRow("lone surrogate") << QString(QChar(0xD800)) << "line 2: has half a surrogate pair";
-    QTest::newRow("too large") << QString(int(kLargestFile) - 4, QLatin1Char('a'))
-                               << "the program is larger than 16 MiB";
+    const auto row = [](const char* name, const QString& line, const char* reason) {
+        QTest::newRow(name) << QStringList({QStringLiteral("new"), line}) << QString::fromLatin1(reason);
+    };
+    row("line break", "a\nb", "line 2: has a line break inside");
+    row("escape", "\x1b", "line 2: has a control character (code 27)");
+    row("lone surrogate", QString(QChar(0xD800)), "line 2: has half a surrogate pair");
+    row("too long", QString(kLongestLine + 1, QLatin1Char('a')), "line 2: has more than 4096 characters");
+    QStringList many;
+    for (qint64 bytes = 0; bytes <= kLargestFile; bytes += kLongestLine) {
+        many.append(QString(kLongestLine, QLatin1Char('a')));
+    }
+    QTest::newRow("too large") << many << "the program is larger than 16 MiB";
 }
 
 void TestProgram::refusedProgramsLeaveTheFile()
 {
-    QFETCH(QString, line);
+    QFETCH(QStringList, lines);
     write("old\n");
-    QTEST(saveProgram(path(), {QStringLiteral("new"), line}), "reason");
+    QTEST(saveProgram(path(), lines), "reason");
     FileFault fault;
     QCOMPARE(loadProgram(path(), &fault), QStringList(QStringLiteral("old")));
     QVERIFY(!saveProgram(m_folder.filePath(QStringLiteral("none/program")), {}).isEmpty());

@@ -8,8 +8,10 @@
 
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -25,6 +27,7 @@ namespace
 QStringList asked;
 bool agrees = true;
 QString written;
+std::function<void()> meanwhile; ///< happens while an editor is asked for its line
 
 class RecordingEditor : public pendix::RLContentBase
 {
@@ -37,6 +40,9 @@ public:
     QString ToString() override
     {
         asked.append("ToString");
+        if (meanwhile) {
+            std::exchange(meanwhile, nullptr)();
+        }
         return written.isNull() ? m_line : written;
     }
     bool CheckInsert() override
@@ -72,6 +78,9 @@ private slots:
     void changeAsksInOrder();
     void changeKeepsTheRestOfTheLine();
     void roundTripIsTold();
+    void editorsThatMisbehave();
+    void whatHappensMeanwhile();
+    void pointsNotStoredAreTold();
     void foreignLinesStay();
     void editsAreUndone();
     void filesAreKept();
@@ -127,6 +136,7 @@ void TestProgramEditor::init()
     asked.clear();
     agrees = true;
     written = "Weave(1);";
+    meanwhile = nullptr;
 }
 
 void TestProgramEditor::cleanup()
@@ -262,6 +272,15 @@ void TestProgramEditor::changeKeepsTheRestOfTheLine()
     written = "Weave(2);";
     click("replaceLine");
     QCOMPARE(lines(), QStringList({"  Weave(2);  // first"}));
+    // A quote that stays open would take the comment in.
+    QCOMPARE(withCode("Weave(1); // first", "Weave(\"1);"), std::nullopt);
+    // What was typed outlives a look at the other pane.
+    m_editor->program()->load({"Wire(7);"});
+    m_editor->selectRow(0);
+    find<QSpinBox>("field1")->setValue(8);
+    find<QTabWidget>("programPanes")->setCurrentIndex(0);
+    showChange();
+    QCOMPARE(find<QSpinBox>("field1")->value(), 8);
 }
 
 void TestProgramEditor::roundTripIsTold()
@@ -269,11 +288,73 @@ void TestProgramEditor::roundTripIsTold()
     m_editor->program()->load({"Wire( 250 );", "Wire(7);"});
     m_editor->selectRow(0);
     showChange();
-    const auto* trip = find<QLabel>("roundTrip");
-    QVERIFY2(trip->text().contains("Wire( 250 );") && trip->text().contains("Wire(100);"), qPrintable(trip->text()));
+    const auto* trip = find<QPlainTextEdit>("roundTrip");
+    QVERIFY2(trip->toPlainText().contains("Wire( 250 );") && trip->toPlainText().contains("Wire(100);"),
+             qPrintable(trip->toPlainText()));
     m_editor->selectRow(1);
-    QVERIFY(trip->text().contains("expresses the whole line"));
+    QVERIFY(trip->toPlainText().contains("expresses the whole line"));
     QCOMPARE(lines().first(), QString("Wire( 250 );"));
+}
+
+void TestProgramEditor::editorsThatMisbehave()
+{
+    insert("Weave(1);");
+    const auto* word = m_editor->insertPane()->findChild<QLabel*>("editorWord");
+    QVERIFY(m_editor->insertPane()->pick("Weave"));
+    meanwhile = [] { throw std::runtime_error("no paper"); };
+    click("insertBelow");
+    QVERIFY2(word->text().contains("no paper"), qPrintable(word->text()));
+    // One that goes away takes its buttons with it.
+    delete m_editor->insertPane()->findChild<pendix::RLContentBase*>();
+    QVERIFY(!find("insertBelow")->isEnabled());
+    QVERIFY(m_editor->insertPane()->pick("Weave"));
+    QVERIFY(find("insertBelow")->isEnabled());
+    meanwhile = [] { throw 5; };
+    showChange();
+    QVERIFY(!find("roundTrip")->isVisible());
+    QCOMPARE(lines().size(), 1);
+}
+
+void TestProgramEditor::whatHappensMeanwhile()
+{
+    m_editor->program()->load({"Weave(1);", "Weave(1); // b", "Wire(7);"});
+    m_editor->selectRow(0);
+    showChange();
+    const QPointer<pendix::RLContentBase> editor =
+        m_editor->findChild<ChangePane*>()->findChild<pendix::RLContentBase*>();
+    meanwhile = [this] {
+        m_editor->selectRow(1);
+        click("replaceLine"); // a second press does nothing
+    };
+    written = "Weave(2);";
+    click("replaceLine");
+    QCOMPARE(lines(), QStringList({"Weave(2);", "Weave(1); // b", "Wire(7);"}));
+    QVERIFY(editor == nullptr);
+
+    // The line itself may change or go.
+    m_editor->selectRow(1);
+    meanwhile = [this] { m_editor->program()->removeLine(1); };
+    click("replaceLine");
+    QCOMPARE(lines(), QStringList({"Weave(2);", "Wire(7);"}));
+
+    find<QTabWidget>("programPanes")->setCurrentIndex(0);
+    QVERIFY(m_editor->insertPane()->pick("Weave"));
+    meanwhile = [this] { m_editor->insertPane()->pick("Wire"); };
+    written = "Weave(3);";
+    click("insertBelow");
+    QVERIFY(lines().contains("Weave(3);"));
+    QVERIFY(m_editor->insertPane()->findChild<QSpinBox*>("field1") != nullptr);
+}
+
+void TestProgramEditor::pointsNotStoredAreTold()
+{
+    QVERIFY(m_editor->insertPane()->pick("Weave"));
+    m_controller->setConnected(false);
+    meanwhile = [this] { m_controller->addPoint("p1", false, "tool0", "wobj0"); };
+    click("insertBelow");
+    QCOMPARE(lines().size(), 1);
+    const QString word = m_editor->insertPane()->findChild<QLabel*>("editorWord")->text();
+    QVERIFY2(word.contains("a point was not stored. p1"), qPrintable(word));
 }
 
 void TestProgramEditor::foreignLinesStay()
@@ -310,8 +391,8 @@ void TestProgramEditor::editsAreUndone()
     }
     QCOMPARE(lines(), QStringList({"Weave(2);"}));
     click("programDelete");
-    click("programDelete"); // there is nothing to delete
     QVERIFY(lines().isEmpty());
+    QVERIFY(!find("programDelete")->isEnabled());
 }
 
 void TestProgramEditor::filesAreKept()
@@ -359,6 +440,7 @@ void TestProgramEditor::unsavedChangesAreAskedFor_data()
     QTest::newRow("save") << int(QMessageBox::Save) << true << true;
     QTest::newRow("discard") << int(QMessageBox::Discard) << true << false;
     QTest::newRow("cancel") << int(QMessageBox::Cancel) << false << false;
+    QTest::newRow("save, then none") << int(QMessageBox::SaveAll) << false << false;
 }
 
 void TestProgramEditor::unsavedChangesAreAskedFor()
@@ -367,12 +449,13 @@ void TestProgramEditor::unsavedChangesAreAskedFor()
     QFETCH(bool, goesOn);
     QFETCH(bool, isSaved);
     QString file = m_folder.filePath(QStringLiteral("asked%1.rl").arg(answer));
-    m_editor->setFileChooser([&](FileUse, const QString&) { return file; });
+    const bool changesMind = answer == QMessageBox::SaveAll;
+    m_editor->setFileChooser([&](FileUse, const QString&) { return changesMind ? QString() : file; });
     insert("Weave(1);");
     click("programNew");
     QCOMPARE(lines().size(), 1);
     auto* box = find<QMessageBox>("unsavedChanges");
-    box->button(static_cast<QMessageBox::StandardButton>(answer))->click();
+    box->button(changesMind ? QMessageBox::Save : static_cast<QMessageBox::StandardButton>(answer))->click();
     QCOMPARE(lines().isEmpty(), goesOn);
     QCOMPARE(QFile::exists(file), isSaved);
 }

@@ -134,7 +134,7 @@ void TestRoundTrips::producibleLines()
     QSet<QString> lines;
     for (int i = 0; i < 30; ++i) {
         fillAnyhow(editor.get());
-        const WrittenLine line = writeLine(*editor, EditorRole::Insert, each, recogniser, 5);
+        const WrittenLine line = writeLine(editor.get(), EditorRole::Insert, each, recogniser, 5);
         QVERIFY2(line.refusal.isEmpty(), qPrintable(line.refusal));
         const RoundTrip trip = tryRoundTrip(each, line.text);
         QVERIFY2(trip.fault.isEmpty(), qPrintable(trip.fault));
@@ -177,11 +177,11 @@ void TestRoundTrips::levelDecidesAboutMotions()
             QString fault;
             const auto insert = createEditor(each, EditorRole::Insert, &fault);
             const auto change = createEditor(each, EditorRole::Change, &fault);
-            const QString line = writeLine(*insert, EditorRole::Insert, each, recogniser, level).text;
+            const QString line = writeLine(insert.get(), EditorRole::Insert, each, recogniser, level).text;
             QCOMPARE(line.isEmpty(), level == 2);
             QCOMPARE(m_controller->points().size() > points, level == 3);
             const int kept = m_controller->points().size();
-            QCOMPARE(writeLine(*change, EditorRole::Change, each, recogniser, level).text.isEmpty(), level == 2);
+            QCOMPARE(writeLine(change.get(), EditorRole::Change, each, recogniser, level).text.isEmpty(), level == 2);
             // Whoever asks for the text without the check gets it, but nothing is stored.
             if (level == 2) {
                 QVERIFY(insert->ToString().startsWith(name));
