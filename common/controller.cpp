@@ -14,6 +14,14 @@ const QString& pluginName()
     static const QString name = QString::fromLatin1(names::kPlugin);
     return name;
 }
+
+/// What the host answers; without one an empty value.
+template <typename Value>
+Value ask(Value (pendix::InterfaceManager::*question)())
+{
+    pendix::InterfaceManager* host = pendixInterface();
+    return host != nullptr ? (host->*question)() : Value();
+}
 } // namespace
 
 QJsonValue readNode(const QString& name)
@@ -66,44 +74,37 @@ QJsonValue registerMetadata()
 
 QStringList pointNames()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getPointNameList() : QStringList();
+    return ask(&pendix::InterfaceManager::getPointNameList);
 }
 
 QStringList toolNames()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getToolList() : QStringList();
+    return ask(&pendix::InterfaceManager::getToolList);
 }
 
 QStringList wobjNames()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getWobjList() : QStringList();
+    return ask(&pendix::InterfaceManager::getWobjList);
 }
 
 QStringList speedNames()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getSpeedList() : QStringList();
+    return ask(&pendix::InterfaceManager::getSpeedList);
 }
 
 QStringList zoneNames()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getZoneList() : QStringList();
+    return ask(&pendix::InterfaceManager::getZoneList);
 }
 
 QString currentTool()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getCurTool() : QString();
+    return ask(&pendix::InterfaceManager::getCurTool);
 }
 
 QString currentWobj()
 {
-    pendix::InterfaceManager* host = pendixInterface();
-    return host != nullptr ? host->getCurWobj() : QString();
+    return ask(&pendix::InterfaceManager::getCurWobj);
 }
 
 void storeCurrentPoint(const QString& name, const QString& tool, const QString& wobj)

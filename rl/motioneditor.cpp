@@ -25,7 +25,7 @@ constexpr double kFullCircle = 360;
 /// Speed, zone and tool must follow the points; the work object may.
 constexpr int kRequiredNames = 3;
 constexpr int kCircleNumbers = 2;
-/// In characters; room for most names of tools and work objects.
+/// In characters: what a list needs at least. It takes all the room there is.
 constexpr int kListLength = 8;
 
 /// Selects the item of that text, case-sensitive. False, with nothing changed, when there is none.
@@ -79,37 +79,42 @@ void MotionEditor::createForm(const MotionCaptions& captions)
     m_fields->setColumnStretch(3, 1);
     layout->addLayout(m_fields);
     layout->addStretch(1);
-    m_tool = createList("cbxTool", "label", captions.tool, 0);
-    m_wobj = createList("cbxWobj", "label_4", captions.wobj, 1);
-    m_speed = createList("cbxSpeed", "label_2", captions.speed, 2);
-    m_zone = createList("cbxZone", "label_5", captions.zone, 3);
+    m_tool = createList();
+    addField(m_tool, "cbxTool", "label", captions.tool, {0, 0, 1});
+    m_wobj = createList();
+    addField(m_wobj, "cbxWobj", "label_4", captions.wobj, {0, 2, 1});
+    m_speed = createList();
+    addField(m_speed, "cbxSpeed", "label_2", captions.speed, {1, 0, 1});
+    m_zone = createList();
+    addField(m_zone, "cbxZone", "label_5", captions.zone, {1, 2, 1});
     if (m_spec.isCircle) {
-        m_rotType = createList("cbxRotType", "label_3", captions.rotType, 4);
+        // Their captions are long: in the columns above they would leave the lists no room.
+        m_rotType = createList();
+        addField(m_rotType, "cbxRotType", "label_3", captions.rotType, {2, 0, 2});
         m_runDeg = new QDoubleSpinBox(this);
         m_runDeg->setRange(kLowestRunDeg, kHighestRunDeg);
         m_runDeg->setValue(kFullCircle);
-        addField(m_runDeg, "sbxRunDeg", "label_6", captions.runDeg, 5);
+        addField(m_runDeg, "sbxRunDeg", "label_6", captions.runDeg, {3, 0, 2});
     }
 }
 
-QComboBox* MotionEditor::createList(const char* name, const char* labelName, const QString& caption, int place)
+QComboBox* MotionEditor::createList()
 {
     auto* box = new QComboBox(this);
     // By its content a list would measure every name of the controller.
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kListLength);
-    addField(box, name, labelName, caption, place);
     return box;
 }
 
-/// Two fields a row, each behind its caption.
-void MotionEditor::addField(QWidget* field, const char* name, const char* labelName, const QString& caption, int place)
+void MotionEditor::addField(QWidget* field, const char* name, const char* labelName, const QString& caption,
+                            const Place& place)
 {
     field->setObjectName(QLatin1String(name));
     auto* label = new QLabel(caption, this);
     label->setObjectName(QLatin1String(labelName));
-    m_fields->addWidget(label, place / 2, place % 2 * 2);
-    m_fields->addWidget(field, place / 2, place % 2 * 2 + 1);
+    m_fields->addWidget(label, place.row, place.column, 1, place.width);
+    m_fields->addWidget(field, place.row, place.column + place.width, 1, place.width);
 }
 
 void MotionEditor::initUI(const MotionCaptions& captions)

@@ -60,8 +60,14 @@ protected:
 
 private:
     void createForm(const MotionCaptions& captions);
-    QComboBox* createList(const char* name, const char* labelName, const QString& caption, int place);
-    void addField(QWidget* field, const char* name, const char* labelName, const QString& caption, int place);
+    QComboBox* createList();
+    /// Where a caption begins, and how many columns it takes; its field behind it takes as many.
+    struct Place {
+        int row;
+        int column;
+        int width;
+    };
+    void addField(QWidget* field, const char* name, const char* labelName, const QString& caption, const Place& place);
     void initUI(const MotionCaptions& captions);
     void readParameters(const QStringList& parameters);
     QString line() const;

@@ -4,6 +4,7 @@
 #include "simulator/program/instructionwriter.h"
 #include "simulator/simulatedcontroller.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -19,6 +20,7 @@ namespace
 
 constexpr int kNameRole = Qt::UserRole;
 constexpr int kTreeWidth = 180;
+constexpr int kGap = 4;
 /// Room for the description of most instructions; longer ones scroll.
 constexpr int kDescriptionLines = 4;
 
@@ -44,6 +46,7 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
       m_program(program),
       m_controller(controller),
       m_tree(new QTreeWidget(this)),
+      m_words(new QScrollArea(this)),
       m_description(new QLabel),
       m_frame(new EditorFrame(this)),
       m_above(new QPushButton(tr("Insert above"), this)),
@@ -59,21 +62,22 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
     m_description->setMargin(4);
     m_above->setObjectName(QStringLiteral("insertAbove"));
     m_below->setObjectName(QStringLiteral("insertBelow"));
-    auto* words = new QScrollArea(this);
-    words->setWidgetResizable(true);
-    words->setWidget(m_description);
-    words->setFrameShape(QFrame::NoFrame);
-    words->setFixedHeight(kDescriptionLines * fontMetrics().lineSpacing() + 2 * m_description->margin());
+    m_words->setWidgetResizable(true);
+    m_words->setWidget(m_description);
+    m_words->setFrameShape(QFrame::NoFrame);
+    fitWords();
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(m_above);
     buttons->addWidget(m_below);
     auto* picked = new QVBoxLayout;
-    picked->addWidget(words);
+    picked->setSpacing(kGap);
+    picked->addWidget(m_words);
     picked->addWidget(m_frame, 1);
     picked->addLayout(buttons);
     auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kGap, kGap, kGap, kGap);
     layout->addWidget(m_tree);
     layout->addLayout(picked, 1);
 
@@ -91,6 +95,19 @@ InsertPane::InsertPane(const Program* program, const SimulatedController* contro
         }
     });
     showPicked();
+}
+
+void InsertPane::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fitWords();
+    }
+}
+
+void InsertPane::fitWords()
+{
+    m_words->setFixedHeight(kDescriptionLines * fontMetrics().lineSpacing() + 3 * m_description->margin());
 }
 
 void InsertPane::listInstructions()

@@ -7,6 +7,7 @@
 
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QTreeWidget;
 
 namespace sim
@@ -37,7 +38,11 @@ signals:
     void lineWritten(const QString& line, const QString& instruction, sim::InsertPane::Place place);
     void refused(const QString& words);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void fitWords();
     void showPicked();
     void setInsertable(bool insertable);
     void insert(Place place);
@@ -45,6 +50,7 @@ private:
     const Program* m_program;
     const SimulatedController* m_controller;
     QTreeWidget* m_tree;
+    QScrollArea* m_words;
     QLabel* m_description;
     EditorFrame* m_frame;
     QPushButton* m_above;

@@ -25,12 +25,12 @@ namespace
 {
 
 constexpr int kInstructionWidth = 150;
-constexpr int kRowGap = 6;
+constexpr int kRowGap = 1;
 /// Fixed, so that a word or an editor that comes does not make the window grow: both can be scrolled.
 constexpr QSize kSmallest(560, 360);
 /// Height of the lines and of the panes, as parts of what there is: the largest editor is seen whole.
-constexpr int kLinesPart = 21;
-constexpr int kPanesPart = 36;
+constexpr int kLinesPart = 13;
+constexpr int kPanesPart = 29;
 
 QString chooseByDialog(QWidget* parent, FileUse use, const QString& current)
 {
@@ -86,7 +86,7 @@ ProgramEditor::ProgramEditor(const SimulatedController* controller, QWidget* par
     splitter->addWidget(m_panes);
     splitter->setStretchFactor(0, kLinesPart);
     splitter->setStretchFactor(1, kPanesPart);
-    splitter->setSizes({kLinesPart * 10, kPanesPart * 10});
+    splitter->setSizes({kLinesPart * kSmallest.height(), kPanesPart * kSmallest.height()});
     splitter->setChildrenCollapsible(false);
     auto* bar = new QHBoxLayout;
     createFileBar(bar);
