@@ -71,7 +71,6 @@ private slots:
     void paraSet_data();
     void paraSet();
     void paraSetByHand();
-    void roundTrips();
     void fixedLine();
     void generic();
 };
@@ -188,28 +187,6 @@ void TestInstructionEditors::paraSetByHand()
     QVERIFY(!shown.hasRow());
     shown.list("cbxLaserDataID")->clear();
     QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
-}
-
-void TestInstructionEditors::roundTrips()
-{
-    const LaserOn laserOn;
-    const ParaSet paraSet;
-    const QStringList ramps{"", ",\"Pos\"", ",\"Time\",0", ",\"Time\",7", ",\"Time\",1000"};
-    for (int i = 1; i <= 30; ++i) {
-        const QString set = QString("(\"LsData%1\"").arg(i);
-        for (const QString& wait : {QString(), QString(", 0"), QString(", %1").arg(i * 160), QString(", 5000")}) {
-            const QString line = "LaserOn" + set + wait + ");";
-            laserOn.editor->FillWith(line);
-            QCOMPARE(laserOn.editor->ToString(), line);
-        }
-        for (const QString& ramp : ramps) {
-            // A line without a ramp keeps the one before it.
-            paraSet.list("cbxRampType")->setCurrentIndex(0);
-            const QString line = "LsParaSet" + set + ramp + ");";
-            paraSet.editor->FillWith(line);
-            QCOMPARE(paraSet.editor->ToString(), line);
-        }
-    }
 }
 
 void TestInstructionEditors::fixedLine()
