@@ -28,6 +28,12 @@ EditorFrame::EditorFrame(QWidget* parent) : QWidget(parent), m_scroll(new QScrol
     layout->addWidget(m_word);
 }
 
+EditorFrame::~EditorFrame()
+{
+    // Its own going is not the editor's: nobody is to be told when this is no frame any more.
+    setEditor(nullptr);
+}
+
 void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor)
 {
     tell({});

@@ -23,6 +23,7 @@ public:
     enum class Tone { Plain, Refusal };
 
     explicit EditorFrame(QWidget* parent = nullptr);
+    ~EditorFrame() override;
 
     /// Takes the former editor away and shows this one; null: none.
     void setEditor(std::unique_ptr<pendix::RLContentBase> editor);
