@@ -46,7 +46,7 @@ const Monkey::ActionRow Monkey::kActions[] = {
     {"value", 1, &Monkey::changeValue},   {"answer", 5, &Monkey::changeAnswer},
     {"node", 5, &Monkey::changeNode},     {"time", 3, &Monkey::letTimePass},
     {"size", 1, &Monkey::resize},         {"paint", 1, &Monkey::paint},
-    {"program", 6, &Monkey::openProgram}, {"spoil", 1, &Monkey::spoilProgramFile},
+    {"program", 6, &Monkey::openProgram}, {"spoil", 3, &Monkey::spoilProgramFile},
 };
 
 Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHost* host, Logbook* logbook, Dice* dice)
@@ -149,8 +149,8 @@ QString Monkey::useOneOf(QVector<QWidget*> widgets)
     if (widgets.isEmpty()) {
         return QStringLiteral("nothing can be used");
     }
-    // Curious: what is new comes first now and then, so that nothing stays unused for long.
-    if (m_dice->oneIn(4)) {
+    // Curious: what is new comes first half of the time, so that nothing stays unused for long.
+    if (m_dice->oneIn(2)) {
         QVector<QWidget*> unknown;
         std::copy_if(widgets.cbegin(), widgets.cend(), std::back_inserter(unknown),
                      [this](const QWidget* widget) { return !m_logbook->wasUsed(hands::nameOf(widget)); });
@@ -223,7 +223,14 @@ QString Monkey::spoilProgramFile()
     if (name.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Append)) {
         return QStringLiteral("no file");
     }
-    const QByteArray spoils[] = {"MoveAbsJ(Home, v100);\n", "LaserOn(\"LsData99\") // x\n", "\xff\n", {"\0\n", 2}};
+    // Also lines of the motions, which a random operator seldom gets to insert.
+    const QByteArray spoils[] = {"MoveAbsJ(Home, v100);\n",
+                                 "LaserOn(\"LsData99\") // x\n",
+                                 "\xff\n",
+                                 {"\0\n", 2},
+                                 "LsMoveL(p1, v20, fine, tool0, wobj0);\n",
+                                 "LsMoveC(P1, Offs(P2,0,0,5), v20, fine, tool0); // arc\n",
+                                 "LsMoveCF(P1, P2, 360, \"RotAxis\", v20, z10, tool0, wobj0);\n"};
     file.write(spoils[m_dice->below(static_cast<int>(std::size(spoils)))]);
     return QStringLiteral("done");
 }
