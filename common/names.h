@@ -12,6 +12,8 @@ namespace node
 {
 constexpr char kWeldSetting[] = "weld_setting_config";
 constexpr char kVirtualWelding[] = "laser_weld_data.virtual_welding_status";
+constexpr char kRedLight[] = "laser_weld_data.weld_redlight_status";
+constexpr char kMonitorData[] = "weld_monitor_data";
 } // namespace node
 
 namespace command
@@ -19,6 +21,11 @@ namespace command
 constexpr char kSetWeldSetting[] = "set_weld_setting_config";
 constexpr char kSetWeldEnable[] = "set_weld_enable";
 constexpr char kSetVirtualWelding[] = "set_virtual_welding";
+constexpr char kFeedWire[] = "set_weld_feed_wire";
+constexpr char kRetractWire[] = "set_weld_retract_wire";
+constexpr char kManualGas[] = "set_weld_manual_gas";
+constexpr char kRedLight[] = "set_weld_red_light";
+constexpr char kMonitor[] = "start_laserweld_monitor";
 } // namespace command
 
 namespace setting
