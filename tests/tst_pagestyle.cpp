@@ -4,11 +4,14 @@
 #include "widgets/uiscale.h"
 
 #include <QBoxLayout>
+#include <QComboBox>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QFrame>
+#include <QGroupBox>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTest>
 
 namespace
@@ -32,11 +35,13 @@ class TestPageStyle : public QObject
 
 private slots:
     void fillsTheComboBoxSheet();
+    void stylesCombosBoxesAndTabs();
     void stylesPanels();
     void tightensAllSpacers();
 
 private:
     FakeHost m_host;
+    const bool m_dense = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX()) == 192;
 };
 
 void TestPageStyle::fillsTheComboBoxSheet()
@@ -49,9 +54,43 @@ void TestPageStyle::fillsTheComboBoxSheet()
     QVERIFY(sheet.contains(QLatin1String("::item{min-height:28px;padding:2px 8px;}")));
 }
 
+void TestPageStyle::stylesCombosBoxesAndTabs()
+{
+    QComboBox combo;
+    const auto has = [](const QWidget& widget, const char* text) {
+        return widget.styleSheet().contains(QLatin1String(text));
+    };
+    applyIoPageComboBoxStyle(&combo, 8, 40);
+    QVERIFY(has(combo, "border-radius:10px;padding:0px 32px") && has(combo, "min-height:40px;max-height:40px;"));
+    QCOMPARE(combo.maxVisibleItems(), 8);
+    applyIoPageComboBoxStyle(&combo, 8, 31);
+    QVERIFY(has(combo, "border-radius:6px;padding:0px 24px"));
+    applyIoPageComboBoxStyle(&combo, 8, 0);
+    const int line = QFontMetrics(UiScale::contentFont(&combo, 10)).height();
+    QVERIFY(has(combo, qPrintable(QStringLiteral("max-height:%1px").arg(qMax(line + 2, 20)))));
+    // Each sheet is damped once.
+    QVERIFY(has(combo, m_dense ? "400 7pt" : "400 9pt"));
+
+    QGroupBox box;
+    setGroupBoxDetailCompactStyle(&box);
+    QFont title("Segoe UI", UiScale::adjustedPointSize(10, &box), QFont::DemiBold);
+    const int height = QFontMetrics(title).height();
+    QVERIFY(has(box, qPrintable(QStringLiteral("margin-top:%1px;margin-bottom:4px;padding-top:%2px;font:600 %3pt")
+                                    .arg(qMax(height / 2 + 2, 8))
+                                    .arg(height + 10)
+                                    .arg(m_dense ? 8 : 10))));
+    QTabWidget tabs;
+    setDetailTabStyle(&tabs);
+    QVERIFY(has(tabs, m_dense ? "font:400 8pt" : "font:400 10pt") && has(tabs, "min-width:120px;min-height:32px"));
+
+    applyIoPageComboBoxStyle(nullptr, 8, 40);
+    setGroupBoxDetailCompactStyle(nullptr);
+    setDetailTabStyle(nullptr);
+}
+
 void TestPageStyle::stylesPanels()
 {
-    const bool dense = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX()) == 192;
+    const bool dense = m_dense;
     CountingFrame panel;
     setPanelFrameStyle(&panel);
     panel.ensurePolished();
@@ -83,6 +122,17 @@ void TestPageStyle::tightensAllSpacers()
     QCOMPARE(row->itemAt(0)->sizeHint(), QSize(0, 30));
     QCOMPARE(row->itemAt(0)->expandingDirections(), Qt::Orientations(Qt::Horizontal));
     QTRY_VERIFY(page.sizeHint().width() < 60); // the layouts know of it
+
+    auto* nested = new QVBoxLayout;
+    nested->addSpacerItem(new QSpacerItem(5, 40, QSizePolicy::Minimum, QSizePolicy::Expanding));
+    nested->addSpacerItem(new QSpacerItem(5, 9, QSizePolicy::Expanding, QSizePolicy::Fixed));
+    row->addLayout(nested);
+    collapseVerticalSpacers(panel->layout());
+    QCOMPARE(nested->itemAt(0)->sizeHint(), QSize(0, 0));
+    QCOMPARE(nested->itemAt(0)->expandingDirections(), Qt::Orientations());
+    QCOMPARE(nested->itemAt(1)->sizeHint(), QSize(5, 9));
+    tightenPageHorizontalSpacers(nullptr);
+    collapseVerticalSpacers(nullptr);
 }
 
 QTEST_MAIN(TestPageStyle)

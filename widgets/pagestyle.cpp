@@ -2,9 +2,12 @@
 
 #include "widgets/uiscale.h"
 
+#include <QComboBox>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLayout>
 #include <QSpacerItem>
+#include <QTabWidget>
 
 namespace
 {
@@ -29,7 +32,40 @@ constexpr char kPanelFrameSheet[] =
     R"(QFrame QSpinBox,QFrame QDoubleSpinBox{font:400 10pt "Microsoft YaHei UI";min-height:%2px;border:1px solid #c8c8c8;border-radius:4px;padding:2px 4px;})"
     R"(QFrame QSpinBox::up-button,QFrame QSpinBox::down-button,QFrame QDoubleSpinBox::up-button,QFrame QDoubleSpinBox::down-button{width:10px;border:none;})";
 
+/// %1 margin above the frame, %2 padding below the title.
+constexpr char kGroupBoxSheet[] =
+    R"(QGroupBox{margin-top:%1px;margin-bottom:4px;padding-top:%2px;font:600 10pt "Segoe UI";border-width:1px;border-style:solid;border-radius:8px;border-color:gray;})"
+    R"(QGroupBox::title{subcontrol-origin:margin;subcontrol-position:top left;left:8px;margin-left:0;margin-bottom:4px;padding:2px 8px 3px 8px;})";
+
+constexpr char kDetailTabSheet[] =
+    R"(QTabWidget::pane{border:1px solid #d0d0d0;border-radius:8px;background:#ffffff;margin-top:4px;})"
+    R"(QTabBar::tab{background:#d3dce6;color:#374860;border-bottom:none;border-top-left-radius:6px;border-top-right-radius:6px;padding:6px 12px;margin-right:1px;min-width:120px;min-height:32px;font:400 10pt "Microsoft YaHei UI";})"
+    R"(QTabBar::tab:selected{background:#224d75;color:white;})";
+
 constexpr int kPanelFontPoints = 10;
+constexpr int kLowCombo = 31; ///< the greatest height, in pixels, of a combo box with the narrow arrow
+
+/// Corner radius and arrow width of a combo box, in pixels.
+struct ComboShape {
+    int radius;
+    int arrowWidth;
+};
+
+ComboShape lowComboShape(const QWidget* w)
+{
+    return {qMax(UiScale::pxLayout(6, w), 4), qMax(UiScale::pxLayout(22, w), 18)};
+}
+
+ComboShape highComboShape(const QWidget* w)
+{
+    const int arrowWidth = UiScale::pxLayout(30, w);
+    return {qMax(UiScale::pxLayout(10, w), 8), arrowWidth < 25 ? 24 : arrowWidth};
+}
+
+int panelTextHeight(const QWidget* w)
+{
+    return UiScale::lineHeight(UiScale::contentFont(w, kPanelFontPoints));
+}
 
 } // namespace
 
@@ -55,16 +91,47 @@ QString tarvoComboBoxStyleSheet(const QWidget* w, int height, int radius, int ar
              QString::number(arrowWidth));
 }
 
+void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height)
+{
+    if (combo == nullptr) {
+        return;
+    }
+    if (height < 1) {
+        height = qMax(panelTextHeight(combo) + UiScale::pxLayout(2, combo), 20);
+    }
+    const ComboShape shape = height > kLowCombo ? highComboShape(combo) : lowComboShape(combo);
+    const QString sheet = tarvoComboBoxStyleSheet(combo, height, shape.radius, shape.arrowWidth, true);
+    setStyleSheetOnce(combo, UiScale::scaleStylesheet(sheet, combo));
+    UiScale::configureComboBoxPopup(combo, maxVisible);
+}
+
+void setGroupBoxDetailCompactStyle(QGroupBox* box)
+{
+    if (box == nullptr) {
+        return;
+    }
+    const QFont titleFont(QString::fromLatin1("Segoe UI"), UiScale::adjustedPointSize(kPanelFontPoints, box),
+                          QFont::DemiBold);
+    const int textHeight = UiScale::lineHeight(titleFont);
+    const int margin = qMax(textHeight / 2 + UiScale::pxLayout(2, box), UiScale::pxLayout(8, box));
+    const int padding = textHeight + UiScale::pxLayout(10, box);
+    const QString sheet = QString::fromLatin1(kGroupBoxSheet).arg(QString::number(margin), QString::number(padding));
+    setStyleSheetOnce(box, UiScale::scaleStylesheet(sheet, box));
+}
+
+void setDetailTabStyle(QTabWidget* tabs)
+{
+    setStyleSheetOnce(tabs, UiScale::scaleStylesheet(QString::fromLatin1(kDetailTabSheet), tabs));
+}
+
 void setPanelFrameStyle(QFrame* frame)
 {
     if (frame == nullptr) {
         return;
     }
-    const int textHeight = UiScale::lineHeight(UiScale::contentFont(frame, kPanelFontPoints));
-    const int rowHeight = qMax(textHeight + UiScale::pxLayout(4, frame), 22);
-    const int radius = qMax(UiScale::pxLayout(6, frame), 4);
-    const int arrowWidth = qMax(UiScale::pxLayout(22, frame), 18);
-    const QString comboSheet = tarvoComboBoxStyleSheet(frame, rowHeight, radius, arrowWidth, true);
+    const int rowHeight = qMax(panelTextHeight(frame) + UiScale::pxLayout(4, frame), 22);
+    const ComboShape shape = lowComboShape(frame);
+    const QString comboSheet = tarvoComboBoxStyleSheet(frame, rowHeight, shape.radius, shape.arrowWidth, true);
     const QString sheet = QString::fromLatin1(kPanelFrameSheet).arg(comboSheet, QString::number(rowHeight));
     setStyleSheetOnce(frame, UiScale::scaleStylesheet(sheet, frame));
 }
@@ -94,4 +161,22 @@ void tightenPageHorizontalSpacers(QWidget* page)
     for (QWidget* child : page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         tightenPageHorizontalSpacers(child);
     }
+}
+
+void collapseVerticalSpacers(QLayout* layout)
+{
+    if (layout == nullptr) {
+        return;
+    }
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem* item = layout->itemAt(i);
+        if (QSpacerItem* spacer = item->spacerItem()) {
+            if (spacer->expandingDirections().testFlag(Qt::Vertical)) {
+                spacer->changeSize(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
+            }
+        } else {
+            collapseVerticalSpacers(item->layout());
+        }
+    }
+    layout->invalidate();
 }

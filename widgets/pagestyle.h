@@ -3,8 +3,11 @@
 
 #include <QString>
 
+class QComboBox;
 class QFrame;
+class QGroupBox;
 class QLayout;
+class QTabWidget;
 class QWidget;
 
 /// The style sheets the configuration pages share, and clean-up for their designer layouts. Sheets set on a
@@ -20,6 +23,16 @@ void setStyleSheetOnce(QWidget* widget, const QString& sheet);
 /// arrow (30 if below 1).
 QString tarvoComboBoxStyleSheet(const QWidget* w, int height, int radius, int arrowWidth, bool fixedHeight);
 
+/// Gives a combo box that sheet with a fixed height in pixels (below 1: one line of text), the wider arrow and
+/// the rounder corners from a height of 32 on, and a popup of at most maxVisible rows (10 if below 1). Ignores null.
+void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height);
+
+/// The dense group box of the welding-parameter form, with its title on the frame. Ignores null.
+void setGroupBoxDetailCompactStyle(QGroupBox* box);
+
+/// The tabs of the welding-parameter form. Ignores null.
+void setDetailTabStyle(QTabWidget* tabs);
+
 /// The rounded panel around a group of settings, with its labels, spin boxes and combo boxes. Ignores null.
 void setPanelFrameStyle(QFrame* frame);
 
@@ -29,5 +42,8 @@ void tightenLayoutHorizontalSpacers(QLayout* layout);
 
 /// The same for a page and everything in it. Ignores null.
 void tightenPageHorizontalSpacers(QWidget* page);
+
+/// Takes all room from the spacers of a layout and of its nested layouts that grow in height. Ignores null.
+void collapseVerticalSpacers(QLayout* layout);
 
 #endif
