@@ -59,20 +59,26 @@ bool parseJsonBool(const QJsonArray& result)
     return firstReturn(result, names::command::kSetWeldEnable).toBool(false);
 }
 
-void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command)
+void reportOutcome(const OutcomeTexts& texts, const QJsonArray& result, const QString& command)
 {
-    const QString check = QLatin1String(pageClass) + QLatin1String("::checkSaveResult failed. ");
     const std::optional<QJsonValue> answer = findReturn(result, command);
     if (!answer) {
-        logLine(LogLevel::Error) << check + QLatin1String("not found ") << command << " Result";
+        logLine(LogLevel::Error) << texts.log + QLatin1String("not found ") << command << " Result";
         return;
     }
     const int code = answer->toInt();
     if (code == 0) {
-        tellOperator(pendix::information, QCoreApplication::translate(pageClass, "Saved successfully"));
+        tellOperator(pendix::information, texts.done);
         return;
     }
-    tellOperator(pendix::error,
-                 QCoreApplication::translate(pageClass, "Save failed. Please check the parameter configuration."));
-    logLine(LogLevel::Error) << check << command << " Result:" << code;
+    tellOperator(pendix::error, texts.failed);
+    logLine(LogLevel::Error) << texts.log << command << " Result:" << code;
+}
+
+void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command)
+{
+    reportOutcome({QCoreApplication::translate(pageClass, "Saved successfully"),
+                   QCoreApplication::translate(pageClass, "Save failed. Please check the parameter configuration."),
+                   QLatin1String(pageClass) + QLatin1String("::checkSaveResult failed. ")},
+                  result, command);
 }

@@ -23,9 +23,20 @@ int extractReturnInt(const QJsonArray& result);
 /// Outcome of "set_weld_enable": true only when the first element holds the boolean true.
 bool parseJsonBool(const QJsonArray& result);
 
-/// The save-result check that the pages share. Tells the operator "Saved successfully" (code 0) or "Save
-/// failed. Please check the parameter configuration." (any other), and writes an error line for a
-/// failure or a missing answer; a missing answer tells the operator nothing.
+/// What is said of a command's outcome. The operator's texts come translated.
+struct OutcomeTexts {
+    QString done;   ///< to the operator: code 0
+    QString failed; ///< to the operator: any other code
+    QString log;    ///< first item of the log line, with its trailing blank
+};
+
+/// Tells the operator the outcome of a command, the first answer to it deciding (a code that is no whole number
+/// counts as 0), and writes an error line for a failure or a missing answer; a missing answer tells the operator
+/// nothing.
+void reportOutcome(const OutcomeTexts& texts, const QJsonArray& result, const QString& command);
+
+/// The save-result check that the pages share. reportOutcome with "Saved successfully" and "Save failed. Please
+/// check the parameter configuration.".
 /// pageClass is the page's class name: translation context of the messages and prefix of the log lines.
 void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command);
 

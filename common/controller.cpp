@@ -48,6 +48,13 @@ QJsonArray sendCommand(QObject* sender, const QString& command, const QString& v
     return host != nullptr ? host->commandCustomData(sender, pluginName(), command, value) : QJsonArray();
 }
 
+void endSubscription(const QString& data)
+{
+    if (pendix::InterfaceManager* host = pendixInterface()) {
+        host->disconnectVexaServiceData(pluginName(), data, QString());
+    }
+}
+
 bool isRobotPowered()
 {
     pendix::InterfaceManager* host = pendixInterface();

@@ -27,6 +27,9 @@ QJsonArray sendCommand(QObject* sender, const QJsonObject& command);
 /// Sends a command whose argument is a text.
 QJsonArray sendCommand(QObject* sender, const QString& command, const QString& value);
 
+/// Ends the plug-in's subscription to live data of the controller.
+void endSubscription(const QString& data);
+
 /// True while the robot is powered on; without a host the robot counts as powered, which forbids changes.
 bool isRobotPowered();
 

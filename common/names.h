@@ -8,6 +8,9 @@ namespace names
 /// The plug-in's name: registration key, command target, message source and log folder.
 constexpr char kPlugin[] = "Corvane";
 
+/// The sibling plug-in that tracks the seam; its page is embedded in ours.
+constexpr char kTrackingPlugin[] = "Mirolt";
+
 namespace node
 {
 constexpr char kWeldSetting[] = "weld_setting_config";

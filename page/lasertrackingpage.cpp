@@ -1,14 +1,110 @@
 #include "page/lasertrackingpage.h"
+#include "ui_lasertrackingpage.h"
 
+#include "common/logline.h"
+#include "common/names.h"
+#include "widgets/stackedwidgetfit.h"
 #include "widgets/uiscale.h"
 
-LaserTrackingPage::LaserTrackingPage(QWidget* parent) : QWidget(parent)
+#include "pendix/hostui.h"
+
+namespace
 {
-    setObjectName(QStringLiteral("LaserTrackingPage"));
-    initStyle();
+
+constexpr auto& kLaserTrackPluginName = names::kTrackingPlugin;
+constexpr int kRetryMs = 200;
+constexpr int kMostRetries = 25;
+
+} // namespace
+
+LaserTrackingPage::LaserTrackingPage(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::LaserTrackingPage>())
+{
+    ui->setupUi(this);
+    UiScale::applyExpandingPage(this);
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(kRetryMs);
+    connect(&m_retry, &QTimer::timeout, this, &LaserTrackingPage::embedLaserTrackPage);
 }
+
+LaserTrackingPage::~LaserTrackingPage() = default;
 
 void LaserTrackingPage::initStyle()
 {
-    UiScale::applyExpandingPage(this);
+    embedLaserTrackPage();
+}
+
+void LaserTrackingPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    embedLaserTrackPage();
+}
+
+void LaserTrackingPage::embedLaserTrackPage()
+{
+    // The host may spin the event loop while it makes the widget.
+    if (m_asking || (!trackWidget && !obtainWidget())) {
+        return;
+    }
+    place(trackWidget);
+    refreshStack();
+    logLine(LogLevel::Information) << kLaserTrackPluginName << " embedded into LaserTrackingPage";
+}
+
+bool LaserTrackingPage::obtainWidget()
+{
+    const QPointer<LaserTrackingPage> self(this);
+    QWidget* widget = nullptr;
+    m_asking = true;
+    const int code = GetPluginNoUniqueWidget(QString::fromLatin1(kLaserTrackPluginName), widget);
+    if (!self) {
+        delete widget;
+        return false;
+    }
+    m_asking = false;
+    if (widget == nullptr) {
+        retryLater(code);
+        return false;
+    }
+    m_retry.stop();
+    trackWidget = widget;
+    retryCount = 0;
+    return true;
+}
+
+void LaserTrackingPage::retryLater(int code)
+{
+    if (retryCount >= kMostRetries) {
+        m_retry.stop();
+        logLine(LogLevel::Error) << kLaserTrackPluginName
+                                 << QString::fromUtf8(" embed failed; 请确认 Mirolt.dll 已加载");
+        return;
+    }
+    ++retryCount;
+    logLine(LogLevel::Warning) << kLaserTrackPluginName << " embed pending, ret=" << code << " retry=" << retryCount;
+    m_retry.start();
+}
+
+void LaserTrackingPage::place(QWidget* widget)
+{
+    if (widget->parentWidget() != this) {
+        QWidget* former = widget->parentWidget();
+        if (former != nullptr && former->layout() != nullptr) {
+            former->layout()->removeWidget(widget);
+        }
+        widget->setParent(this);
+        ui->verticalLayout->addWidget(widget);
+    }
+    widget->setWindowFlags(Qt::Widget);
+    UiScale::applyExpandingPage(widget);
+    widget->show();
+}
+
+void LaserTrackingPage::refreshStack()
+{
+    for (QWidget* ancestor = parentWidget(); ancestor != nullptr; ancestor = ancestor->parentWidget()) {
+        if (auto* stack = qobject_cast<StackedWidgetFit*>(ancestor)) {
+            stack->refreshCurrentPageLayout();
+            return;
+        }
+    }
 }
