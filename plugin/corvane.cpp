@@ -5,6 +5,7 @@
 #include "common/names.h"
 #include "page/laserweldpage.h"
 #include "page/showstatusbar.h"
+#include "plugin/pendantbuttons.h"
 #include "rl/rllaserwelddefine.h"
 
 #include "pendix/hostui.h"
@@ -37,13 +38,12 @@ void Corvane::init()
     page = new LaserWeldPage(nullptr);
     CreateCenterWidget(name, page);
     logLine(LogLevel::Information) << "Corvane::init()";
+    initPhysicalButton();
     statusBar = new ShowStatusBar(nullptr);
     logLine(LogLevel::Information) << "Corvane::initPhysicalButton()";
     CreateStatusBar(name, statusBar, kStatusBarPosition);
     // The controller is asked on the next connection; until then the picture warns rather than reassures.
-    if (statusBar) {
-        statusBar->SetRealWelding();
-    }
+    showWeldingMode(false);
 }
 
 void Corvane::afterInit()
@@ -59,19 +59,32 @@ void Corvane::render()
         page->initStyle();
     }
     if (InterfaceManager* host = pendixInterface()) {
-        connect(host, &InterfaceManager::sigNetworkConnect, this, &Corvane::showWeldingMode, Qt::UniqueConnection);
+        connect(host, &InterfaceManager::sigNetworkConnect, this, &Corvane::readWeldingMode, Qt::UniqueConnection);
     }
 }
 
 void Corvane::idle() {}
 
-void Corvane::showWeldingMode()
+void Corvane::initPhysicalButton()
 {
-    const QJsonValue isVirtual = controller::readNode(QLatin1String(names::node::kVirtualWelding));
+    const QString name = QString::fromLatin1(names::kPlugin);
+    logLine(LogLevel::Information) << "Corvane::initPhysicalButton()";
+    const PendantButtons buttons = pendantButtons(this);
+    CreatePhyButtonList(name, name, buttons.first, buttons.second, {QString()});
+    ChangePhyButtonStatus(name, name, true);
+}
+
+void Corvane::readWeldingMode()
+{
+    showWeldingMode(controller::readNode(QLatin1String(names::node::kVirtualWelding)).toBool(false));
+}
+
+void Corvane::showWeldingMode(bool isVirtual)
+{
     if (!statusBar) {
         return;
     }
-    if (isVirtual.toBool(false)) {
+    if (isVirtual) {
         statusBar->SetVirtualWelding();
     } else {
         statusBar->SetRealWelding();

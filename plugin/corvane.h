@@ -23,7 +23,7 @@ class Corvane : public PluginBase
 public:
     explicit Corvane(QObject* parent);
 
-    /// Creates the main page and the status bar item and hands them to the host.
+    /// Creates the main page, the pendant buttons and the status bar item and hands them to the host.
     void init() override;
     void afterInit() override;
     /// Styles the main page, and keeps the status bar item in step with every (re)connection of the
@@ -31,8 +31,14 @@ public:
     void render() override;
     void idle() override;
 
+    /// Describes the pendant buttons to the host and switches them on. Part of init.
+    void initPhysicalButton();
+
+    /// Shows on the status bar item whether the controller welds virtually or for real.
+    void showWeldingMode(bool isVirtual);
+
 private:
-    void showWeldingMode();
+    void readWeldingMode();
 
     // Both belong to the host once they have been handed over.
     QPointer<LaserWeldPage> page;

@@ -196,11 +196,9 @@ void FakeHost::createPhyButtonList(const QString& plugin, const QString& name,
                                    const QList<pendix::PhysicalButton>& first,
                                    const QList<pendix::PhysicalButton>& second, const QStringList& selector)
 {
-    calls.append(QStringLiteral("createPhyButtonList %1 %2 %3 %4 %5")
-                     .arg(plugin, name)
-                     .arg(first.size())
-                     .arg(second.size())
-                     .arg(selector.size()));
+    firstButtons = first;
+    secondButtons = second;
+    calls.append(QStringLiteral("createPhyButtonList %1 %2 '%3'").arg(plugin, name, selector.join("', '")));
 }
 
 void FakeHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)
@@ -216,8 +214,8 @@ void FakeHost::changeModelWindowStatus(const QString& plugin, bool modal)
 int FakeHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
 {
     calls.append(QStringLiteral("pluginNoUniqueWidget %1").arg(plugin));
-    out = nullptr;
-    return -1;
+    out = otherWidget ? otherWidget() : nullptr;
+    return out != nullptr ? 0 : -1;
 }
 
 void FakeHost::log(const pendix::LogStatement& statement)

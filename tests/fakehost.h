@@ -35,6 +35,7 @@ public:
     bool powered = false;                       ///< robot power
     QMap<QString, QJsonArray> answers;          ///< result array by command name; else "return" 0 (true for enable)
     std::function<void(const QString&)> onCall; ///< runs inside "command", "level", "read", "message", "points"
+    std::function<QWidget*()> otherWidget;      ///< what another plug-in offers; empty or null: nothing
 
     // Recorded, in order.
     QStringList reads;                            ///< names given to getVexaServiceData and getNodeData
@@ -43,6 +44,7 @@ public:
     QVector<Message> messages;                    ///< operator messages
     QVector<pendix::LogStatement> logs;           ///< finished log statements
     QStringList calls;                            ///< the other calls, as "call plugin argument..."
+    QList<pendix::PhysicalButton> firstButtons, secondButtons;
     QPointer<QWidget> centerWidget;
     QPointer<QWidget> statusBar;
 

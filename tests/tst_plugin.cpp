@@ -64,7 +64,8 @@ void TestPlugin::lifecycle()
     QVERIFY(!m_plugin->defaultGlobalSheet());
     m_host->nodes["laser_weld_data.virtual_welding_status"] = true;
     m_plugin->init();
-    QCOMPARE(m_host->calls, QStringList({"createCenterWidget Corvane", "createStatusBar Corvane 1"}));
+    QCOMPARE(m_host->calls, QStringList({"createCenterWidget Corvane", "createPhyButtonList Corvane Corvane ''",
+                                         "changePhyButtonStatus Corvane Corvane true", "createStatusBar Corvane 1"}));
     QCOMPARE(shown(), picture(":/png/LaserSwitchReal.png"));
     m_plugin->afterInit();
     QStringList steps;
@@ -72,8 +73,9 @@ void TestPlugin::lifecycle()
         QVERIFY(statement.tag.startsWith("[I|"));
         steps.append(statement.items.first());
     }
-    QCOMPARE(steps, QStringList({"Corvane::iniUi()", "LaserWeldPage", "Corvane::init()",
-                                 "Corvane::initPhysicalButton()", "PendixDemo::initData()"}));
+    QCOMPARE(steps,
+             QStringList({"Corvane::iniUi()", "LaserWeldPage", "Corvane::init()", "Corvane::initPhysicalButton()",
+                          "Corvane::initPhysicalButton()", "PendixDemo::initData()"}));
     m_plugin->render();
     m_plugin->idle();
     m_host->centerWidget->show();

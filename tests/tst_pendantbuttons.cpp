@@ -1,0 +1,266 @@
+#include "plugin/corvane.h"
+#include "tests/fakehost.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <memory>
+
+namespace
+{
+
+const QString kVirtual = QStringLiteral("laser_weld_data.virtual_welding_status");
+const QString kRedLight = QStringLiteral("laser_weld_data.weld_redlight_status");
+
+QString asText(const QPair<QString, QJsonValue>& command)
+{
+    return QStringLiteral("%1 %2").arg(command.first, command.second.toVariant().toString());
+}
+
+} // namespace
+
+class TestPendantButtons : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void describesTheButtons();
+    void refusesBelowLevelThree();
+    void switchesTheWorkMode_data();
+    void switchesTheWorkMode();
+    void reportsWireAndGas_data();
+    void reportsWireAndGas();
+    void togglesTheRedLight();
+    void holdsOrderWhileTheControllerTakesItsTime();
+    void survivesTheHostsChanges();
+
+private:
+    void press(const QString& text, bool down);
+    QStringList sent() const;
+    QStringList told() const;
+
+    std::unique_ptr<FakeHost> m_host;
+    std::unique_ptr<pendix::Corvane> m_plugin;
+};
+
+void TestPendantButtons::init()
+{
+    m_plugin.reset();
+    m_host = std::make_unique<FakeHost>();
+    m_plugin = std::make_unique<pendix::Corvane>(nullptr);
+    m_plugin->init();
+    m_host->forget();
+}
+
+void TestPendantButtons::press(const QString& text, bool down)
+{
+    for (const pendix::PhysicalButton& button : m_host->firstButtons + m_host->secondButtons) {
+        if (button.text == text) {
+            button.handler(down);
+            return;
+        }
+    }
+    QFAIL(qPrintable("no button " + text));
+}
+
+QStringList TestPendantButtons::sent() const
+{
+    QStringList texts;
+    for (const auto& command : m_host->commands) {
+        texts.append(asText(command));
+    }
+    return texts;
+}
+
+QStringList TestPendantButtons::told() const
+{
+    QStringList texts;
+    for (const FakeHost::Message& message : m_host->messages) {
+        texts.append(QStringLiteral("%1|%2").arg(message.level).arg(message.text));
+    }
+    return texts;
+}
+
+void TestPendantButtons::describesTheButtons()
+{
+    QStringList lists;
+    for (const auto* list : {&m_host->firstButtons, &m_host->secondButtons}) {
+        for (const pendix::PhysicalButton& button : *list) {
+            lists.append(button.text + '|' + button.pressedImage.section('/', -1));
+            QCOMPARE(button.releasedImage, QString(button.pressedImage).replace("Pressed", "Unpressed"));
+            QVERIFY(QFile::exists(button.pressedImage) && QFile::exists(button.releasedImage));
+        }
+        lists.append("-");
+    }
+    QCOMPARE(lists, QStringList({"Work mode|switchModePressed.png", "Wiring|feedWirePressed.png",
+                                 "Red Light|redLightPressed.png", "-", "ProtectGas|gasPressed.png",
+                                 "Retract Wire|pullWirePressed.png", "-"}));
+}
+
+void TestPendantButtons::refusesBelowLevelThree()
+{
+    m_host->level = 2;
+    const QString refusal = "1|Insufficient user permissions!";
+    const QMap<QString, int> refusals{
+        {"Work mode", 1}, {"Red Light", 1}, {"ProtectGas", 1}, {"Wiring", 2}, {"Retract Wire", 2}};
+    for (auto row = refusals.begin(); row != refusals.end(); ++row) {
+        m_host->forget();
+        press(row.key(), true);
+        QCOMPARE(told(), QStringList(refusal));
+        press(row.key(), false);
+        QCOMPARE(told().count(refusal), row.value());
+        QVERIFY(m_host->commands.isEmpty());
+    }
+}
+
+void TestPendantButtons::switchesTheWorkMode_data()
+{
+    QTest::addColumn<QJsonValue>("status");
+    QTest::addColumn<QJsonArray>("result");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("message");
+    const auto answer = [](const QJsonValue& code) { return FakeHost::answer("set_virtual_welding", code); };
+    const QString toVirtual = "set_virtual_welding true";
+    const QString toReal = "set_virtual_welding false";
+    const QString failed = "2|Switch work mode failed";
+    const QJsonValue absent(QJsonValue::Undefined);
+    QTest::newRow("real") << QJsonValue(false) << answer(0) << toVirtual << "0|Switch to VirtualWelding";
+    QTest::newRow("absent counts as real") << absent << answer("0") << toVirtual << "0|Switch to VirtualWelding";
+    QTest::newRow("virtual") << QJsonValue(true) << answer(0) << toReal << "0|Switch to RealWdlding";
+    QTest::newRow("silence counts as success")
+        << QJsonValue(true) << QJsonArray() << toReal << "0|Switch to RealWdlding";
+    QTest::newRow("refused with true") << QJsonValue(false) << answer(true) << toVirtual << failed;
+    QTest::newRow("refused with a text") << QJsonValue(true) << answer("3") << toReal << failed;
+}
+
+void TestPendantButtons::switchesTheWorkMode()
+{
+    QFETCH(QJsonValue, status);
+    QFETCH(QJsonArray, result);
+    QFETCH(QString, command);
+    QFETCH(QString, message);
+    m_host->nodes[kVirtual] = status;
+    m_host->answers["set_virtual_welding"] = result;
+    const QImage before = m_host->statusBar->grab().toImage();
+    press("Work mode", true);
+    QCOMPARE(sent(), QStringList(command));
+    QCOMPARE(m_host->senders, QVector<QObject*>{m_plugin.get()});
+    QCOMPARE(told(), QStringList(message));
+    // The item starts with the picture of real welding.
+    QCOMPARE(m_host->statusBar->grab().toImage() != before, message.endsWith("VirtualWelding"));
+    press("Work mode", false);
+    QCOMPARE(m_host->commands.size(), 1);
+    QCOMPARE(m_host->messages.size(), 1);
+}
+
+void TestPendantButtons::reportsWireAndGas_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("log");
+    QTest::addColumn<bool>("released");
+    QTest::newRow("feed") << "Wiring"
+                          << "set_weld_feed_wire"
+                          << "Feed wire"
+                          << "Phybtn:: feed_wire failed. " << true;
+    QTest::newRow("retract") << "Retract Wire"
+                             << "set_weld_retract_wire"
+                             << "Retract wire"
+                             << "Phybtn:: retract_wire failed. " << true;
+    QTest::newRow("gas") << "ProtectGas"
+                         << "set_weld_manual_gas"
+                         << "Open gas"
+                         << "Phybtn:: open gas failed. " << false;
+}
+
+void TestPendantButtons::reportsWireAndGas()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, command);
+    QFETCH(QString, name);
+    QFETCH(QString, log);
+    QFETCH(bool, released);
+    const QString done = "0|" + name + " successfully";
+    press(button, true);
+    press(button, false);
+    QCOMPARE(sent(), released ? QStringList({command + " true", command + " false"}) : QStringList(command + " true"));
+    QCOMPARE(told(), released ? QStringList({done, done}) : QStringList(done));
+    QVERIFY(m_host->logs.isEmpty());
+
+    m_host->forget();
+    m_host->answers[command] = FakeHost::answer(command, 7);
+    press(button, true);
+    QCOMPARE(told(), QStringList("2|" + name + " failed. Please check logs."));
+    QCOMPARE(m_host->logs.last().items, QStringList({log, command, " Result:", "7"}));
+
+    m_host->forget();
+    m_host->answers[command] = FakeHost::answer("another_command", 0);
+    press(button, true);
+    QVERIFY(m_host->messages.isEmpty());
+    QCOMPARE(m_host->logs.last().items, QStringList({log + "not found ", command, " Result"}));
+    QVERIFY(m_host->logs.last().tag.startsWith("[E|"));
+}
+
+void TestPendantButtons::togglesTheRedLight()
+{
+    for (const bool on : {false, true}) {
+        m_host->nodes[kRedLight] = on;
+        press("Red Light", true);
+        press("Red Light", false);
+    }
+    QCOMPARE(sent(), QStringList({"set_weld_red_light true", "set_weld_red_light false"}));
+    QVERIFY(m_host->messages.isEmpty());
+}
+
+void TestPendantButtons::holdsOrderWhileTheControllerTakesItsTime()
+{
+    // The button comes up while its start command is under way: the stop must follow the start's end.
+    QStringList order;
+    m_host->onCall = [&](const QString& call) {
+        if (call == "command" && order.isEmpty()) {
+            order.append("start");
+            press("Wiring", false);
+            order.append("start done");
+            QCOMPARE(m_host->commands.size(), 1);
+        }
+    };
+    press("Wiring", true);
+    QCOMPARE(order, QStringList({"start", "start done"}));
+    QCOMPARE(sent(), QStringList({"set_weld_feed_wire true", "set_weld_feed_wire false"}));
+
+    // A toggling button that is pressed again meanwhile does nothing.
+    m_host->forget();
+    m_host->onCall = [&](const QString& call) {
+        if (call == "command" && m_host->commands.size() < 3) {
+            press("Work mode", true);
+        }
+    };
+    press("Work mode", true);
+    QCOMPARE(m_host->commands.size(), 1);
+}
+
+void TestPendantButtons::survivesTheHostsChanges()
+{
+    // The host drops its records and its widgets while a command is under way.
+    m_host->onCall = [&](const QString& call) {
+        if (call == "command") {
+            m_host->firstButtons.clear();
+            delete m_host->statusBar;
+        }
+    };
+    press("Work mode", true);
+    QCOMPARE(told(), QStringList("0|Switch to VirtualWelding"));
+
+    // It calls a handler that it kept, when the plug-in object is gone.
+    m_host->onCall = nullptr;
+    m_host->forget();
+    const pendix::PhysicalButton gas = m_host->secondButtons.first();
+    m_plugin.reset();
+    gas.handler(true);
+    QVERIFY(m_host->commands.isEmpty());
+}
+
+QTEST_MAIN(TestPendantButtons)
+#include "tst_pendantbuttons.moc"
