@@ -59,6 +59,8 @@ void TestPlugin::lifecycle()
     QCOMPARE(api(), 1);
     QVERIFY(dlsym(m_library, "_Z28qInitResources_corvane_assetv") != nullptr);
     QVERIFY(dlsym(m_library, "_Z31qCleanupResources_corvane_assetv") != nullptr);
+    // What the owner of a monitor dialog looks for.
+    QVERIFY(dlsym(m_library, "corvaneCreateMonitor") && dlsym(m_library, "corvaneShowMonitorState"));
 
     QCOMPARE(m_plugin->pluginLabel(), QString("Laser Welding"));
     QVERIFY(!m_plugin->defaultGlobalSheet());
