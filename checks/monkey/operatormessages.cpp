@@ -23,6 +23,16 @@ constexpr Row kRows[] = {
                     "saving failed!"},
     {pendix::error, "Do not modify while powered on!"},
     {pendix::error, "Laser weld startup faild!"},
+    {pendix::warning, "Insufficient user permissions!"},
+    {pendix::information, "Switch to VirtualWelding"},
+    {pendix::information, "Switch to RealWdlding"},
+    {pendix::error, "Switch work mode failed"},
+    {pendix::information, "Feed wire successfully"},
+    {pendix::error, "Feed wire failed. Please check logs."},
+    {pendix::information, "Retract wire successfully"},
+    {pendix::error, "Retract wire failed. Please check logs."},
+    {pendix::information, "Open gas successfully"},
+    {pendix::error, "Open gas failed. Please check logs."},
 };
 
 QRegularExpression pattern(const char* text)

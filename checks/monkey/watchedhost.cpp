@@ -85,8 +85,9 @@ bool WatchedHost::mayLeaveByItself(const QObject* sender, const QString& name, c
         return sender != nullptr && sender->inherits("CharacteristicsCurvePage") &&
                m_actions.back().shown.contains(sender);
     }
-    // Whoever closes the monitor ends its stream.
-    return name == QLatin1String("start_laserweld_monitor") && argument == QJsonValue(false);
+    // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
+    return name == QLatin1String("start_laserweld_monitor") &&
+           (argument == QJsonValue(false) || (sender != nullptr && sender->inherits("sim::MonitorOwner")));
 }
 
 void WatchedHost::throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text)
