@@ -74,8 +74,10 @@ void ButtonMonitorPage::initConnect()
 void ButtonMonitorPage::initStyle()
 {
     const QFont font = UiScale::contentFont(this, kFontPoints);
+    QFont titleFont = font;
+    titleFont.setBold(true);
     for (QLabel* label : findChildren<QLabel*>()) {
-        label->setFont(font);
+        label->setFont(label->property("type") == QLatin1String("title") ? titleFont : font);
     }
     UiScale::applyContentFonts(this, kFontPoints);
     const int rowHeight = UiScale::formRowHeight(this);
