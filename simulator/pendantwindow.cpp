@@ -215,7 +215,10 @@ void PendantWindow::addPlugin(const LoadResult& result)
         m_journal->addNotice(tr("error"), tr("%1: %2").arg(result.file, result.reason));
     }
     m_plugins->add(result);
-    m_program->readRegistry();
+    if (result.bringsInstructions) {
+        // Otherwise what is being typed there stays: a plug-in may come late.
+        m_program->readRegistry();
+    }
 }
 
 void PendantWindow::keepState(const QString& file)

@@ -1,5 +1,7 @@
 #include "simulator/pluginloader.h"
 
+#include "pendixhost/nouniquewidgetregistry.h"
+
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -66,6 +68,14 @@ QString loadFaultTable()
 
 PluginLoader::PluginLoader(SimHost* host, QObject* parent) : QObject(parent), m_host(host) {}
 
+PluginLoader::~PluginLoader()
+{
+    // The plug-in objects go now; nobody may get a widget of theirs any more.
+    for (auto plugin = m_plugins.cbegin(); plugin != m_plugins.cend(); ++plugin) {
+        pendix::NoUniqueWidgetRegistry::instance().forget(plugin.key());
+    }
+}
+
 LoadResult PluginLoader::load(const QString& file)
 {
     LoadResult result;
@@ -96,6 +106,7 @@ LoadResult PluginLoader::load(const QString& file)
             break;
         }
     }
+    result.bringsInstructions = pendix::RlRegistry::instance().calls() != instructions.calls();
     return result;
 }
 
@@ -104,6 +115,7 @@ void PluginLoader::takeBack(const QStringList& names, const pendix::RlRegistry& 
     pendix::RlRegistry::instance() = instructions;
     // A plug-in that failed half-way must not go on answering; its widgets go before the object they know.
     for (const QString& name : names) {
+        pendix::NoUniqueWidgetRegistry::instance().forget(name);
         m_host->withdraw(name);
         delete m_plugins.take(name);
         pendix::unregisterPlugin(name);

@@ -34,9 +34,10 @@ QString loadFaultTable();
 struct LoadResult {
     QString file;
     LoadFault fault = LoadFault::None;
-    QString reason;     ///< for a person; empty when it loaded
-    QStringList names;  ///< the plug-ins that the library registered
-    QStringList labels; ///< the labels under which they want to be listed, in the same order
+    QString reason;                  ///< for a person; empty when it loaded
+    QStringList names;               ///< the plug-ins that the library registered
+    QStringList labels;              ///< the labels under which they want to be listed, in the same order
+    bool bringsInstructions = false; ///< the instruction registry has grown
 };
 
 /// Loads plug-ins in the order of a pendant: the library, the factories that it registered, and for each of
@@ -49,6 +50,7 @@ class PluginLoader : public QObject
 
 public:
     explicit PluginLoader(SimHost* host, QObject* parent = nullptr);
+    ~PluginLoader() override;
 
     LoadResult load(const QString& file);
 

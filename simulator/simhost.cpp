@@ -1,5 +1,7 @@
 #include "simulator/simhost.h"
 
+#include "simulator/widgetexchange.h"
+
 #include <QWidget>
 
 namespace sim
@@ -287,10 +289,14 @@ void SimHost::changeModelWindowStatus(const QString& plugin, bool modal)
 
 int SimHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
 {
-    constexpr int kNoSuchWidget = -1;
-    out = nullptr;
-    m_journal->addHostCall(QStringLiteral("GetPluginNoUniqueWidget"), tr("%1: offers no widget").arg(plugin));
-    return kNoSuchWidget;
+    const WidgetAnswer answer = noUniqueWidget(plugin);
+    out = answer.widget;
+    m_journal->addHostCall(QStringLiteral("GetPluginNoUniqueWidget"),
+                           tr("%1: %2 (%3)").arg(plugin, answer.words, QString::number(answer.code)));
+    if (!answer.fault.isEmpty()) {
+        m_journal->addNotice(tr("warning"), answer.fault);
+    }
+    return answer.code;
 }
 
 void SimHost::log(const pendix::LogStatement& statement)
