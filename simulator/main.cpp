@@ -9,11 +9,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryFile>
+#include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 using namespace sim;
 
@@ -123,6 +127,46 @@ int runTour(PendantWindow* window, SimulatedController* controller, const Journa
     return tour.run() == 0 ? ExitOk : ExitTourFailed;
 }
 
+/// The seam-tracking plug-in that lies beside the program; empty when it is not there, not wanted or given by name.
+QString trackingPlugin(const Options& options)
+{
+    const QFileInfo file(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Mirolt.so")));
+    const bool isGiven = std::any_of(options.plugins.cbegin(), options.plugins.cend(),
+                                     [&file](const QString& given) { return QFileInfo(given) == file; });
+    return options.tracking && !isGiven && file.exists() ? file.filePath() : QString();
+}
+
+LoadResult loadPlugin(const QString& file, PluginLoader* loader)
+{
+    LoadResult result = loader->load(file);
+    if (result.fault != LoadFault::None) {
+        print(stderr, QStringLiteral("pendant: %1: %2").arg(file, result.reason));
+    }
+    return result;
+}
+
+void loadPlugins(const Options& options, PluginLoader* loader, PendantWindow* window)
+{
+    const QString tracking = trackingPlugin(options);
+    const bool isLate = options.trackingDelay > 0;
+    // The others may ask for its widget as soon as they start. Its page stands behind theirs all the same.
+    std::optional<LoadResult> sibling;
+    if (!tracking.isEmpty() && !isLate) {
+        sibling = loadPlugin(tracking, loader);
+    }
+    for (const QString& file : options.plugins) {
+        window->addPlugin(loadPlugin(file, loader));
+    }
+    if (sibling) {
+        window->addPlugin(*sibling);
+    }
+    if (!tracking.isEmpty() && isLate) {
+        // The window is the timer's context: once it is gone nothing is loaded any more.
+        QTimer::singleShot(qRound(options.trackingDelay * 1000), window,
+                           [=] { window->addPlugin(loadPlugin(tracking, loader)); });
+    }
+}
+
 int runWindow(const Options& options, SimulatedController* controller, Journal* journal, SimHost* host)
 {
     if (!options.tourFolder.isEmpty()) {
@@ -135,13 +179,7 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
     if (!options.stateFile.isEmpty()) {
         window.keepState(options.stateFile);
     }
-    for (const QString& file : options.plugins) {
-        const LoadResult result = loader.load(file);
-        if (result.fault != LoadFault::None) {
-            print(stderr, QStringLiteral("pendant: %1: %2").arg(file, result.reason));
-        }
-        window.addPlugin(result);
-    }
+    loadPlugins(options, &loader, &window);
     // The plug-ins are there: the connection to the controller comes up.
     host->announceConnection();
     if (!options.tourFolder.isEmpty()) {

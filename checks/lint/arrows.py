@@ -24,6 +24,8 @@ ARROWS = {
     "rl":         [SDK, "common", "widgets"],
     "plugin":     [SDK, "common", "widgets", "page", "rl", "resources"],
     "resources":  [],
+    # Another plug-in, which shows how one is written: it needs no more than any integrator has.
+    "mirolt":     [SDK],
     # Loads the package as a pendant does, from its file: it must not know it.
     "simulator":  [SDK, SEAM],
     "tests":      [SDK, SEAM, *PACKAGE, GATHERED, "simulator"],
