@@ -85,8 +85,8 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_statusItems(new QHBoxLayout)
 {
     setWindowTitle(tr("Pendant - SIMULATED"));
-    for (QWidget* part : {static_cast<QWidget*>(m_station), static_cast<QWidget*>(m_program),
-                          static_cast<QWidget*>(m_messages), static_cast<QWidget*>(m_notices)}) {
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{m_station, m_program, m_messages, m_notices, m_plugins->tabBar()}) {
         setPointSize(part, kFramePointSize);
     }
     m_splitter->addWidget(createPendant());

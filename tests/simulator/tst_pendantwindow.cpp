@@ -16,6 +16,7 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QtTest>
 
 using namespace sim;
@@ -30,6 +31,7 @@ private slots:
     void failureIsShownInPlace();
     void startsInTheRoomThereIs();
     void pagesComeAndGo();
+    void lateComerDisturbsNothing();
     void statusItemOfWhom();
     void journalTellsCommandsApart();
     void messagesStay();
@@ -138,6 +140,24 @@ void TestPendantWindow::pagesComeAndGo()
     QCOMPARE(status->findChildren<QLabel*>().size(), 1);
     m_host->createCenterWidget(good, new QLabel);
     QCOMPARE(tabs->count(), 1);
+}
+
+void TestPendantWindow::lateComerDisturbsNothing()
+{
+    ProgramEditor* program = m_window->programEditor();
+    program->readRegistry();
+    m_window->showProgram(true);
+    auto* instructions = program->findChild<QTreeWidget*>();
+    const QTreeWidgetItem* picked = instructions->topLevelItem(0)->child(0);
+    instructions->setCurrentItem(instructions->topLevelItem(0)->child(0));
+    const auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"));
+
+    m_window->addPlugin(m_loader->load(QStringLiteral(MIROLT_MODULE)));
+    QVERIFY(program->isVisible());
+    QCOMPARE(instructions->currentItem(), picked);
+    m_window->showProgram(false);
+    QCOMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->currentWidget(), m_host->page(QStringLiteral("good")));
 }
 
 void TestPendantWindow::statusItemOfWhom()
