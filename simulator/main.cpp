@@ -222,6 +222,8 @@ int main(int argc, char* argv[])
         return ExitBadInput;
     }
     Options& options = parsed.options;
+    // All options have been read. Qt would take some of them, --plugin for one, for options of its own.
+    argc = 1;
     chooseDisplay(argc, argv, &options);
     if (options.checkFile.isEmpty()) {
         return run(argc, argv, options);
