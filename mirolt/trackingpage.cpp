@@ -33,10 +33,10 @@ QFont textFont(const QWidget& page)
     return font;
 }
 
-QString millimetres(double value)
+QString signedNumber(double value)
 {
-    // Always with its sign, so that the text does not jump from one measurement to the next.
-    return QString::asprintf("%+.2f mm", value);
+    // With its sign also above zero, so that the text does not jump from one measurement to the next.
+    return QString::asprintf("%+.2f", value);
 }
 
 } // namespace
@@ -44,12 +44,12 @@ QString millimetres(double value)
 TrackingPage::TrackingPage(QSharedPointer<SeamTracking> tracking, QWidget* parent)
     : QWidget(parent),
       m_tracking(std::move(tracking)),
-      m_sensor(new QPushButton(this)),
-      m_track(new QPushButton(this)),
       m_joint(new QComboBox(this)),
       m_gain(new QSpinBox(this)),
       m_offsetY(createOffset()),
       m_offsetZ(createOffset()),
+      m_sensor(new QPushButton(this)),
+      m_track(new QPushButton(this)),
       m_status(new QLabel(this))
 {
     setObjectName(QStringLiteral("MiroltTrackingPage"));
@@ -190,7 +190,7 @@ void TrackingPage::showStatus()
     } else if (!settings.trackingOn) {
         m_status->setText(tr("The sensor is on, not tracking."));
     } else {
-        m_status->setText(tr("Deviation y %1, z %2").arg(millimetres(deviation.x()), millimetres(deviation.y())));
+        m_status->setText(tr("Deviation y %1, z %2 mm").arg(signedNumber(deviation.x()), signedNumber(deviation.y())));
     }
 }
 

@@ -35,12 +35,12 @@ private:
     void showStatus();
 
     QSharedPointer<SeamTracking> m_tracking;
-    QPushButton* m_sensor;
-    QPushButton* m_track;
     QComboBox* m_joint;
     QSpinBox* m_gain;
     QDoubleSpinBox* m_offsetY;
     QDoubleSpinBox* m_offsetZ;
+    QPushButton* m_sensor;
+    QPushButton* m_track;
     QLabel* m_status;
 };
 

@@ -93,8 +93,8 @@
         <translation>传感器已打开，未跟踪。</translation>
     </message>
     <message>
-        <source>Deviation y %1, z %2</source>
-        <translation>偏差 Y %1，Z %2</translation>
+        <source>Deviation y %1, z %2 mm</source>
+        <translation>偏差 Y %1，Z %2 mm</translation>
     </message>
 </context>
 </TS>
