@@ -19,11 +19,11 @@ QWidget* NoUniqueWidgetRegistry::create(const QString& plugin) const
 
 } // namespace pendix
 
-void OfferNoUniqueWidget(const QString& plugin, std::function<QWidget*()> factory)
+void OfferNoUniqueWidget(const QString& plugin, const std::function<QWidget*()>& factory)
 {
     auto& factories = pendix::NoUniqueWidgetRegistry::instance().m_factories;
     if (factory) {
-        factories.insert(plugin, std::move(factory));
+        factories.insert(plugin, factory);
     } else {
         factories.remove(plugin);
     }

@@ -25,7 +25,7 @@ public:
     void forget(const QString& plugin) { m_factories.remove(plugin); }
 
 private:
-    friend void ::OfferNoUniqueWidget(const QString& plugin, std::function<QWidget*()> factory);
+    friend void ::OfferNoUniqueWidget(const QString& plugin, const std::function<QWidget*()>& factory);
 
     QHash<QString, std::function<QWidget*()>> m_factories;
 };

@@ -11,6 +11,6 @@ class QWidget;
 /// not unique: the factory is called for each of them and gives a new widget without a parent, which belongs
 /// to whoever asked and may outlive the plug-in object. A further offer replaces the former one, an empty
 /// factory takes it back; the host forgets the offer when it unloads the plug-in. Offer in init or afterInit.
-void OfferNoUniqueWidget(const QString& plugin, std::function<QWidget*()> factory);
+void OfferNoUniqueWidget(const QString& plugin, const std::function<QWidget*()>& factory);
 
 #endif
