@@ -103,25 +103,27 @@ void TestLaserWeldPage::styles()
     for (const QToolButton* button : shown.buttons()) {
         QVERIFY(button->styleSheet().contains("QToolButton:checked {background: #8a0121;color: white;}"));
     }
-    // Each pass styles every sub-page; the tracking page is also styled whenever it becomes current.
+    // Each pass styles every sub-page.
     const auto takenAway = [](QWidget* page) {
         page->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         return page;
     };
     QWidget* pages[] = {takenAway(shown.form.find<WeldioPage>(QString())),
                         takenAway(shown.form.find<CharacteristicsCurvePage>(QString())),
-                        takenAway(shown.form.find<WeldParameterPage>(QString())),
-                        takenAway(shown.form.find<LaserTrackingPage>(QString()))};
+                        takenAway(shown.form.find<WeldParameterPage>(QString()))};
+    const QString ask = "pluginNoUniqueWidget Mirolt";
+    shown.host.forget();
     shown.page.initStyle();
     for (const QWidget* page : pages) {
         QCOMPARE(page->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
     }
-    takenAway(pages[3]);
+    QCOMPARE(shown.host.calls.count(ask), 1);
+    // The tracking page is also styled whenever it becomes current, besides being shown.
     shown.page.show();
     for (int visit = 0; visit < 2; ++visit) {
-        takenAway(pages[3]);
+        shown.host.forget();
         QTest::mouseClick(shown.buttons()[4], Qt::LeftButton);
-        QCOMPARE(pages[3]->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(shown.host.calls.count(ask), 2);
         QTest::mouseClick(shown.buttons()[0], Qt::LeftButton);
     }
 }
