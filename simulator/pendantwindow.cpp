@@ -11,6 +11,7 @@
 #include "simulator/simulatedmark.h"
 #include "simulator/statefile.h"
 #include "simulator/stationbar.h"
+#include "simulator/stylerules.h"
 
 #include <QCloseEvent>
 #include <QFrame>
@@ -214,11 +215,27 @@ void PendantWindow::addPlugin(const LoadResult& result)
     if (result.fault != LoadFault::None) {
         m_journal->addNotice(tr("error"), tr("%1: %2").arg(result.file, result.reason));
     }
+    applyStyle(result);
     m_plugins->add(result);
     if (result.bringsInstructions) {
         // Otherwise what is being typed there stays: a plug-in may come late.
         m_program->readRegistry();
     }
+}
+
+void PendantWindow::applyStyle(const LoadResult& result)
+{
+    QString sheet;
+    for (const QString& name : result.names) {
+        const StyleRules rules = StyleRules::ofPlugin(name);
+        for (const QString& fault : rules.faults()) {
+            m_journal->addNotice(tr("warning"), fault);
+        }
+        m_plugins->setSheet(name, rules.sheet());
+        sheet += rules.sheet();
+    }
+    // Instructions belong to a library, not to one of its plug-ins.
+    m_program->setEditorSheet(result.instructions, sheet);
 }
 
 void PendantWindow::keepState(const QString& file)

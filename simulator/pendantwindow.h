@@ -62,6 +62,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void applyStyle(const LoadResult& result);
     QWidget* createPendant();
     void connectProgram();
     QTabWidget* createInspector();

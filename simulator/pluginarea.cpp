@@ -1,7 +1,9 @@
 #include "simulator/pluginarea.h"
 
+#include <QChildEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace sim
 {
@@ -59,8 +61,23 @@ int PluginArea::tabOf(const QString& plugin) const
 void PluginArea::insertPage(int tab, const QString& plugin)
 {
     if (QWidget* page = m_host->page(plugin)) {
-        tabBar()->setTabData(insertTab(tab, page, m_labels.value(plugin)), plugin);
+        auto* holder = new QWidget;
+        holder->setStyleSheet(m_sheets.value(plugin));
+        auto* layout = new QVBoxLayout(holder);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(page);
+        holder->installEventFilter(this);
+        tabBar()->setTabData(insertTab(tab, holder, m_labels.value(plugin)), plugin);
     }
+}
+
+bool PluginArea::eventFilter(QObject* holder, QEvent* event)
+{
+    if (event->type() == QEvent::ChildRemoved && static_cast<QChildEvent*>(event)->child()->isWidgetType()) {
+        removeTab(indexOf(static_cast<QWidget*>(holder)));
+        holder->deleteLater();
+    }
+    return QTabWidget::eventFilter(holder, event);
 }
 
 void PluginArea::replacePage(const QString& plugin)
@@ -68,7 +85,7 @@ void PluginArea::replacePage(const QString& plugin)
     // A plug-in that is still being loaded is not known here yet; one that hands over another page later is.
     const int tab = tabOf(plugin);
     QWidget* former = widget(tab);
-    if (!m_labels.contains(plugin) || (former != nullptr && former == m_host->page(plugin))) {
+    if (!m_labels.contains(plugin) || (former != nullptr && former->isAncestorOf(m_host->page(plugin)))) {
         return;
     }
     const bool current = former != nullptr && currentIndex() == tab;
@@ -90,7 +107,7 @@ void PluginArea::withdraw(const QString& plugin)
 
 void PluginArea::showAgain()
 {
-    if (QWidget* page = currentWidget()) {
+    if (QWidget* page = m_host->page(currentPlugin())) {
         page->hide();
         page->show();
     }

@@ -53,6 +53,19 @@ QString readable(const QString& symbol)
     return status == 0 && name != nullptr ? QString::fromLocal8Bit(name.get()) : symbol;
 }
 
+/// The instructions that have been registered since these.
+QStringList namesBeyond(const pendix::RlRegistry& former)
+{
+    QStringList names;
+    for (const pendix::RlInstruction& instruction : pendix::RlRegistry::instance().instructions()) {
+        names.append(instruction.name);
+    }
+    for (const pendix::RlInstruction& instruction : former.instructions()) {
+        names.removeOne(instruction.name);
+    }
+    return names;
+}
+
 } // namespace
 
 QString loadFaultTable()
@@ -103,10 +116,11 @@ LoadResult PluginLoader::load(const QString& file)
     for (const QString& name : qAsConst(result.names)) {
         if (!start(name, &result)) {
             takeBack(result.names, instructions);
-            break;
+            return result;
         }
     }
     result.bringsInstructions = pendix::RlRegistry::instance().calls() != instructions.calls();
+    result.instructions = namesBeyond(instructions);
     return result;
 }
 
@@ -133,7 +147,8 @@ bool PluginLoader::openLibrary(LoadResult* result)
     }
     // Absolute: a bare name would be looked for in the linker's folders instead of here.
     const QByteArray path = QFile::encodeName(info.absoluteFilePath());
-    if (dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL) != nullptr) {
+    result->library = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
+    if (result->library != nullptr) {
         return true;
     }
     const QString words = QString::fromLocal8Bit(dlerror());

@@ -37,7 +37,9 @@ struct LoadResult {
     QString reason;                  ///< for a person; empty when it loaded
     QStringList names;               ///< the plug-ins that the library registered
     QStringList labels;              ///< the labels under which they want to be listed, in the same order
-    bool bringsInstructions = false; ///< the instruction registry has grown
+    QStringList instructions;        ///< the instructions that are new with the library
+    bool bringsInstructions = false; ///< it registered instructions, new ones or some known already
+    void* library = nullptr;         ///< handle of the loaded library (dlopen)
 };
 
 /// Loads plug-ins in the order of a pendant: the library, the factories that it registered, and for each of

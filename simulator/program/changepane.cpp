@@ -114,7 +114,7 @@ void ChangePane::showRow(int row)
     const RoundTrip trip = tryRoundTrip(m_instruction, line);
     showRoundTrip(trip);
     QString fault;
-    m_frame->setEditor(createEditor(m_instruction, EditorRole::Change, &fault));
+    m_frame->setEditor(createEditor(m_instruction, EditorRole::Change, &fault), m_sheets.value(m_instruction.name));
     if (m_frame->editor() != nullptr) {
         // Editors read code; what else stands in the line is the program's.
         fault = fillEditor(*m_frame->editor(), trip.before);

@@ -27,6 +27,9 @@ class ChangePane : public QWidget
 public:
     ChangePane(const Program* program, const SimulatedController* controller, QWidget* parent = nullptr);
 
+    /// The style sheets of editors by their instruction.
+    void setSheets(const QHash<QString, QString>& sheets) { m_sheets = sheets; }
+
     /// Shows a row of the program in a new editor, unless it is shown already as it stands. A row that does not exist
     /// stands for no selection.
     void showRow(int row);
@@ -49,6 +52,7 @@ private:
     QPushButton* m_replace;
     int m_row = -1;
     QString m_line; ///< as it is shown
+    QHash<QString, QString> m_sheets;
     pendix::RlInstruction m_instruction;
     bool m_isAsking = false;      ///< the editor is being asked, which may let the event loop run
     std::optional<int> m_nextRow; ///< was selected meanwhile

@@ -34,7 +34,7 @@ EditorFrame::~EditorFrame()
     setEditor(nullptr);
 }
 
-void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor)
+void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor, const QString& sheet)
 {
     tell({});
     if (m_editor != nullptr) {
@@ -42,6 +42,9 @@ void EditorFrame::setEditor(std::unique_ptr<pendix::RLContentBase> editor)
     }
     delete m_scroll->takeWidget();
     m_editor = editor.release();
+    if (m_scroll->styleSheet() != sheet) {
+        m_scroll->setStyleSheet(sheet);
+    }
     if (m_editor != nullptr) {
         m_scroll->setWidget(m_editor);
         connect(m_editor, &QObject::destroyed, this, &EditorFrame::editorGone);

@@ -25,8 +25,8 @@ public:
     explicit EditorFrame(QWidget* parent = nullptr);
     ~EditorFrame() override;
 
-    /// Takes the former editor away and shows this one; null: none.
-    void setEditor(std::unique_ptr<pendix::RLContentBase> editor);
+    /// Takes the former editor away and shows this one, with its plug-in's style sheet around it; null: none.
+    void setEditor(std::unique_ptr<pendix::RLContentBase> editor, const QString& sheet = {});
     pendix::RLContentBase* editor() const { return m_editor; }
 
     /// Replaces what was said before; empty: nothing is said.

@@ -150,7 +150,8 @@ void InsertPane::showPicked()
     const bool isPicked = !m_picked.name.isEmpty();
     m_description->setText(isPicked ? m_picked.description : tr("Pick an instruction to insert it."));
     QString fault;
-    m_frame->setEditor(isPicked ? createEditor(m_picked, EditorRole::Insert, &fault) : nullptr);
+    m_frame->setEditor(isPicked ? createEditor(m_picked, EditorRole::Insert, &fault) : nullptr,
+                       m_sheets.value(m_picked.name));
     m_frame->tell(fault, EditorFrame::Tone::Refusal);
     setInsertable(m_frame->editor() != nullptr);
 }

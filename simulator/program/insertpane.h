@@ -27,6 +27,9 @@ public:
 
     InsertPane(const Program* program, const SimulatedController* controller, QWidget* parent = nullptr);
 
+    /// The style sheets of editors by their instruction.
+    void setSheets(const QHash<QString, QString>& sheets) { m_sheets = sheets; }
+
     /// Lists what the host's registry holds now.
     void listInstructions();
 
@@ -55,6 +58,7 @@ private:
     EditorFrame* m_frame;
     QPushButton* m_above;
     QPushButton* m_below;
+    QHash<QString, QString> m_sheets;
     pendix::RlInstruction m_picked;
     bool m_isAsking = false;   ///< an editor is being asked, which may let the event loop run
     bool m_isOutdated = false; ///< something else was picked meanwhile

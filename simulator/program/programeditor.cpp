@@ -171,6 +171,15 @@ void ProgramEditor::addActionButton(QHBoxLayout* bar, const char* name, QAction*
     bar->addWidget(button);
 }
 
+void ProgramEditor::setEditorSheet(const QStringList& instructions, const QString& sheet)
+{
+    for (const QString& instruction : instructions) {
+        m_sheets.insert(instruction, sheet);
+    }
+    m_insert->setSheets(m_sheets);
+    m_change->setSheets(m_sheets);
+}
+
 void ProgramEditor::readRegistry()
 {
     m_program->setInstructions(pendix::RlRegistry::instance().instructions());

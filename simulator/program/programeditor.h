@@ -35,6 +35,9 @@ public:
     explicit ProgramEditor(const SimulatedController* controller, QWidget* parent = nullptr);
     ~ProgramEditor() override;
 
+    /// The style sheet around the editors of these instructions from now on.
+    void setEditorSheet(const QStringList& instructions, const QString& sheet);
+
     /// Takes over the instructions that the plug-ins have registered so far.
     void readRegistry();
 
@@ -88,7 +91,8 @@ private:
     QTabWidget* m_panes;
     QLabel* m_fileLabel;
     QAction* m_delete = nullptr;
-    QStringList m_reportedFaults; ///< of instructions' patterns
+    QHash<QString, QString> m_sheets; ///< of editors, by instruction
+    QStringList m_reportedFaults;     ///< of instructions' patterns
     QString m_file;
     ChooseFile m_choose;
 };

@@ -122,7 +122,7 @@ void TestPendantWindow::pagesComeAndGo()
     const QPointer<QWidget> first = m_host->page(good);
     m_host->createCenterWidget(good, new QLabel);
     QTRY_VERIFY(first == nullptr);
-    QCOMPARE(tabs->currentWidget(), m_host->page(good));
+    QVERIFY(tabs->currentWidget()->isAncestorOf(m_host->page(good)));
     QCOMPARE(tabs->tabText(0), QStringLiteral("Fixture good"));
     // A plug-in may destroy its page before it hands over the next one.
     delete m_host->page(good);
