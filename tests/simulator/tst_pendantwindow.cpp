@@ -67,7 +67,7 @@ void TestPendantWindow::init()
         m_window->addPlugin(m_loader->load(QStringLiteral(FIXTURE_FOLDER "/good.so")));
     } else {
         pendixFactory()->create(QStringLiteral("good"), m_loader.get())->init();
-        m_window->addPlugin({{}, LoadFault::None, {}, {QStringLiteral("good")}, {QStringLiteral("Fixture good")}});
+        m_window->addPlugin({{}, LoadFault::None, {}, {QStringLiteral("good")}, {QStringLiteral("Fixture good")}, {}});
     }
     m_window->show();
 }
@@ -116,7 +116,7 @@ void TestPendantWindow::startsInTheRoomThereIs()
 void TestPendantWindow::pagesComeAndGo()
 {
     const QString good = QStringLiteral("good");
-    m_window->addPlugin({QStringLiteral("none.so"), LoadFault::NoSuchFile, {}, {}, {}});
+    m_window->addPlugin({QStringLiteral("none.so"), LoadFault::NoSuchFile, {}, {}, {}, {}});
     const auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"));
     const QPointer<QWidget> reason = m_window->findChild<QLabel*>(QStringLiteral("loadFailure"));
     const QPointer<QWidget> first = m_host->page(good);

@@ -1,0 +1,155 @@
+#include "simulator/stylerules.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QtTest>
+
+using namespace sim;
+
+namespace
+{
+
+QStringList s_warnings;
+
+void keepWarning(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text)
+{
+    s_warnings.append(text);
+}
+
+/// What Qt has to say about a sheet.
+QStringList warningsAbout(const QString& sheet)
+{
+    s_warnings.clear();
+    QWidget widget;
+    QLabel label(&widget);
+    const QtMessageHandler former = qInstallMessageHandler(keepWarning);
+    widget.setStyleSheet(sheet);
+    label.ensurePolished();
+    qInstallMessageHandler(former);
+    return s_warnings;
+}
+
+} // namespace
+
+class TestStyleRules : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shippedRulesAreComplete();
+    void shippedRulesSuitTheTheme();
+    void faultsAreNamed_data();
+    void faultsAreNamed();
+    void fontsFollowTheDensity();
+};
+
+void TestStyleRules::shippedRulesAreComplete()
+{
+    QFile file(QStringLiteral(":/Corvane/render/sub_page.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonArray rules = QJsonDocument::fromJson(file.readAll()).array();
+    QCOMPARE(rules.size(), 78);
+    // One selector of each group; every group stands behind the one before.
+    const QStringList groups{":focus",
+                             "QWidget",
+                             "QLabel[type=\"title\"]",
+                             "QLabel[func=\"lampOn\"]",
+                             "QLabel[func=\"subtitle\"]",
+                             "QCheckBox::indicator",
+                             "QRadioButton::indicator",
+                             "QGroupBox",
+                             "QToolButton, QPushButton",
+                             "QPushButton[func=\"operation\"]",
+                             "QPushButton[func=\"touch\"]",
+                             "QPushButton[func=\"humble\"]",
+                             "QPushButton[func=\"secretly\"]",
+                             "QPushButton[func=\"rlBtn\"]",
+                             "QPushButton[func=\"rlMove\"]",
+                             "QLineEdit, QSpinBox, QDoubleSpinBox",
+                             "QComboBox",
+                             "QComboBox QAbstractItemView",
+                             "QScrollBar:vertical",
+                             "QSlider",
+                             "QTableView, QTreeView",
+                             "QHeaderView",
+                             "EnableButton",
+                             "QTabWidget::pane",
+                             "QTabBar::tab",
+                             "QTabWidget[func=\"rlTabWgt\"]"};
+    int group = 0;
+    for (const QJsonValue& rule : rules) {
+        const QString name = rule.toObject().value(QLatin1String("name")).toString();
+        if (group < groups.size() && name.contains(groups.at(group))) {
+            ++group;
+        }
+    }
+    QVERIFY2(group == groups.size(), qPrintable(groups.value(group)));
+    QVERIFY(rules.contains(QJsonObject{{"name", "QWidget"}, {"font", "$font$default"}}));
+    QVERIFY(rules.contains(QJsonObject{{"name", "EnableButton"},
+                                       {"min-width", "50px"},
+                                       {"max-width", "50px"},
+                                       {"min-height", "24px"},
+                                       {"max-height", "24px"}}));
+}
+
+void TestStyleRules::shippedRulesSuitTheTheme()
+{
+    const StyleRules rules = StyleRules::ofPlugin(QStringLiteral("Corvane"));
+    QCOMPARE(rules.faults(), QStringList());
+    QCOMPARE(rules.sheet().count(QLatin1Char('{')), 78);
+    QCOMPARE(warningsAbout(rules.sheet()), QStringList());
+    QVERIFY(!warningsAbout(QStringLiteral("QLabel{color:")).isEmpty());
+    QCOMPARE(StyleRules::ofPlugin(QStringLiteral("Nobody")).sheet(), QString());
+    QCOMPARE(StyleRules::ofPlugin(QStringLiteral("Nobody")).faults(), QStringList());
+}
+
+void TestStyleRules::faultsAreNamed_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QStringList>("faults");
+    const auto row = [](const char* title, const char* json, const char* sheet, const QStringList& faults) {
+        QTest::newRow(title) << QByteArray(json) << QString::fromLatin1(sheet) << faults;
+    };
+    row("tokens within text", R"([{"name": "QLabel", "border": "2px solid $color$red", "font": "$font$h2"}])",
+        "QLabel{border:2px solid #f00;font:12pt;}\n", {});
+    row("unknown tokens",
+        R"([{"name": "QLabel", "border": "$border$red $color$", "color": "$color$red"}, {"name": "A", "b": "c$"}])",
+        "QLabel{color:#f00;}\nA{}\n",
+        {"rule 1, QLabel, border: unknown token $border$red", "rule 1, QLabel, border: unknown token $color$",
+         "rule 2, A, b: unknown token $"});
+    row("picture that is not there", R"([{"name": "QLabel", "image": "$image$gone"}])", "QLabel{}\n",
+        {"rule 1, QLabel, image: unknown token $image$gone"});
+    row("no name", R"([{"color": "red"}, 7, {"name": 7}, {"name": "A{"}, {"name": "A", "b": "c"}])", "A{b:c;}\n",
+        {"rule 1 has no name that is a selector", "rule 2 has no name that is a selector",
+         "rule 3 has no name that is a selector", "rule 4 has no name that is a selector"});
+    row("no text", R"([{"name": "A", "b": 7, "c": null, "d": "e", "f": "} B {"}])", "A{d:e;}\n",
+        {"rule 1, A, b: not a property's text", "rule 1, A, c: not a property's text",
+         "rule 1, A, f: not a property's text"});
+    row("no list", R"({"name": "A"})", "", {"the file is no list of rules"});
+    row("cut off", "[\n{\"name\": \"A\",\n", "", {"line 3 is no JSON: unterminated object"});
+    row("empty", "", "", {"line 1 is no JSON: illegal value"});
+}
+
+void TestStyleRules::faultsAreNamed()
+{
+    const Theme theme(R"({"color": {"red": "#f00"}, "font": {"h2": "12pt"}, "image": {"gone": ":/gone.png"}})", 1.0);
+    QFETCH(QByteArray, json);
+    const StyleRules rules(json, theme);
+    QTEST(rules.sheet(), "sheet");
+    QTEST(rules.faults(), "faults");
+}
+
+void TestStyleRules::fontsFollowTheDensity()
+{
+    const Theme theme(R"({"font": {"default": "400 10pt \"A 3pt\"", "h2": "0pt", "h3": "17px"}})", 0.75);
+    QCOMPARE(theme.value(QStringLiteral("$font$default")), QStringLiteral("400 8pt \"A 3pt\""));
+    QCOMPARE(theme.value(QStringLiteral("$font$h2")), QStringLiteral("1pt"));
+    QCOMPARE(theme.value(QStringLiteral("$font$h3")), QStringLiteral("17px"));
+}
+
+QTEST_MAIN(TestStyleRules)
+#include "tst_stylerules.moc"
