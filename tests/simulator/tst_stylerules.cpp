@@ -1,3 +1,6 @@
+#include "simulator/cellfile.h"
+#include "simulator/pendantwindow.h"
+#include "simulator/program/programeditor.h"
 #include "simulator/stylerules.h"
 
 #include <QFile>
@@ -44,6 +47,7 @@ private slots:
     void faultsAreNamed_data();
     void faultsAreNamed();
     void fontsFollowTheDensity();
+    void pageAndEditorStandInTheSheet();
 };
 
 void TestStyleRules::shippedRulesAreComplete()
@@ -149,6 +153,45 @@ void TestStyleRules::fontsFollowTheDensity()
     QCOMPARE(theme.value(QStringLiteral("$font$default")), QStringLiteral("400 8pt \"A 3pt\""));
     QCOMPARE(theme.value(QStringLiteral("$font$h2")), QStringLiteral("1pt"));
     QCOMPARE(theme.value(QStringLiteral("$font$h3")), QStringLiteral("17px"));
+}
+
+void TestStyleRules::pageAndEditorStandInTheSheet()
+{
+    FileFault fault;
+    SimulatedController controller(*loadCell(QStringLiteral(SHIPPED_CELL), &fault));
+    Journal journal;
+    SimHost host(&controller, &journal);
+    PendantWindow window(&controller, &journal, &host);
+    auto* editor = new pendix::RLContentBase;
+    auto* inEditor = new QLabel(editor);
+    pendix::RLManager().createInsertWidget(QStringLiteral("Mark"), [editor] { return editor; });
+    auto* page = new QLabel(QStringLiteral("page"));
+    host.createCenterWidget(QStringLiteral("Faulty"), page);
+    window.addPlugin({QStringLiteral("faulty.so"),
+                      LoadFault::None,
+                      {},
+                      {QStringLiteral("Faulty")},
+                      {QStringLiteral("Faulty")},
+                      {QStringLiteral("Mark")}});
+    QCOMPARE(journal.at(journal.size() - 1).kind, EntryKind::Notice);
+    QCOMPARE(journal.at(journal.size() - 1).text,
+             QStringLiteral(":/Faulty/render/sub_page.json: rule 1, QLabel, color: unknown token $color$no_such_role"));
+
+    QVERIFY(window.programEditor()->insertPane()->pick(QStringLiteral("Mark")));
+    window.show();
+    QVERIFY(page->styleSheet().isEmpty());
+    const QLabel plain(page->text());
+    for (QLabel* label : {page, inEditor}) {
+        label->setText(plain.text());
+        label->ensurePolished();
+        QCOMPARE(label->sizeHint().height(), plain.sizeHint().height() + 2 * 7);
+    }
+    // Another page in place of this one stands in it as well; what is not the plug-in's does not.
+    auto* next = new QLabel(plain.text());
+    host.createCenterWidget(QStringLiteral("Faulty"), next);
+    next->ensurePolished();
+    QCOMPARE(next->sizeHint().height(), plain.sizeHint().height() + 2 * 7);
+    pendix::RlRegistry::instance().clear();
 }
 
 QTEST_MAIN(TestStyleRules)
