@@ -139,10 +139,10 @@ QJsonObject readValues(JsonCheck& check, const QJsonValue& value, const JsonPath
 
 QJsonObject readHostSettings(JsonCheck& check, const QJsonValue& value, const JsonPath& path)
 {
-    const QString zoom = QStringLiteral("brisel.fontzoom");
+    const QString zoom = QLatin1String(kFontZoom);
     QJsonObject settings = check.object(value, path);
     check.members(settings, path, {zoom});
-    check.number(settings.value(zoom), path / zoom, 0.1, 10.0);
+    check.number(settings.value(zoom), path / zoom, kLowestFontZoom, kHighestFontZoom);
     return settings;
 }
 

@@ -13,6 +13,11 @@
 namespace sim
 {
 
+/// The pendant's setting of the font zoom, and the range that a cell may give it: more than plug-ins take.
+constexpr char kFontZoom[] = "brisel.fontzoom";
+constexpr double kLowestFontZoom = 0.1;
+constexpr double kHighestFontZoom = 10.0;
+
 /// The welding cell behind the simulated controller as it stands when the program starts.
 struct Cell {
     QJsonObject nodes;             ///< configuration nodes by name; null: the controller has none of that name

@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -19,6 +20,7 @@ namespace
 {
 constexpr int kLongestDelayMs = 60000;
 constexpr int kDelayStepMs = 500;
+constexpr double kZoomStep = 0.25;
 } // namespace
 
 ControllerPanel::ControllerPanel(SimulatedController* controller,
@@ -28,6 +30,7 @@ ControllerPanel::ControllerPanel(SimulatedController* controller,
 {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(createTruth(findShown, statusItem));
+    layout->addWidget(createPendant());
     layout->addWidget(createAnswers());
     layout->addStretch(1);
     connect(controller, &SimulatedController::dataChanged, this, &ControllerPanel::showTruth);
@@ -89,6 +92,28 @@ void ControllerPanel::showTruth()
     show(m_virtualWelding, node::kVirtualWelding);
     show(m_redLight, node::kRedLight);
     m_weldEnable->setText(onOff(m_controller->weldEnabled()));
+}
+
+QGroupBox* ControllerPanel::createPendant()
+{
+    auto* group = new QGroupBox(tr("Settings of the pendant"), this);
+    auto* zoom = new QDoubleSpinBox(group);
+    zoom->setObjectName(QStringLiteral("fontZoom"));
+    zoom->setRange(kLowestFontZoom, kHighestFontZoom);
+    zoom->setSingleStep(kZoomStep);
+    zoom->setValue(m_controller->fontZoom());
+    auto* label = new QLabel(tr("Font zoom"), group);
+    label->setBuddy(zoom);
+    auto* note = new QLabel(tr("takes effect when a page is shown again"), group);
+    note->setWordWrap(true);
+    auto* row = new QHBoxLayout(group);
+    row->addWidget(label);
+    row->addWidget(zoom);
+    row->addWidget(note, 1);
+    connect(zoom, QOverload<double>::of(&QDoubleSpinBox::valueChanged), m_controller,
+            &SimulatedController::setFontZoom);
+    connect(m_controller, &SimulatedController::fontZoomChanged, zoom, &QDoubleSpinBox::setValue);
+    return group;
 }
 
 QGroupBox* ControllerPanel::createAnswers()

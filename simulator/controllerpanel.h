@@ -15,7 +15,8 @@ class QLabel;
 namespace sim
 {
 
-/// What the controller really holds beside what the pendant shows of it, and how it is to answer.
+/// What the controller really holds beside what the pendant shows of it, the pendant's font zoom, and how commands are
+/// to be answered.
 class ControllerPanel : public QWidget
 {
     Q_OBJECT
@@ -30,6 +31,7 @@ private:
     QGroupBox* createTruth(const std::function<QWidget*(const QString&)>& findShown,
                            const std::function<QWidget*()>& statusItem);
     QCheckBox* createValueBox(const char* value);
+    QGroupBox* createPendant();
     QGroupBox* createAnswers();
     void addAnswerRow(QGridLayout* grid, const QString& command);
     void showTruth();

@@ -10,9 +10,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QSaveFile>
 #include <QTemporaryFile>
 #include <QTimer>
+#include <QTranslator>
 
 #include <algorithm>
 #include <cstdio>
@@ -60,11 +62,16 @@ void chooseDisplay(int argc, char* argv[], Options* options)
     const bool needsDisplay = options->checkFile.isEmpty() && options->tourFolder.isEmpty();
     if (needsDisplay && !canShowWindows(argc, argv)) {
         options->tourFolder = QStringLiteral("./pendant-tour");
+        // The tour looks for English texts.
+        options->language = QStringLiteral("en");
         print(stdout, QStringLiteral("pendant: no display; running the tour into %1").arg(options->tourFolder));
     }
     if (!options->tourFolder.isEmpty() && !options->stateFile.isEmpty()) {
         print(stdout, QStringLiteral("pendant: the tour neither reads nor writes %1").arg(options->stateFile));
         options->stateFile.clear();
+    }
+    if (options->dpi > 0) {
+        qputenv("QT_FONT_DPI", QByteArray::number(options->dpi));
     }
     if (!options->tourFolder.isEmpty() || !options->checkFile.isEmpty()) {
         // 96: the density at which the pages are designed; this platform's own default is another.
@@ -102,10 +109,15 @@ std::optional<Cell> readCellAndState(const Options& options)
     return cell;
 }
 
-int loadOnly(SimHost* host, const QString& file)
+int loadOnly(SimHost* host, const Options& options)
 {
+    const QString& file = options.checkFile;
     PluginLoader loader(host);
+    loader.setLanguage(options.language);
     const LoadResult result = loader.load(file);
+    for (const QString& remark : result.remarks) {
+        print(stdout, remark);
+    }
     print(stdout, result.fault == LoadFault::None ? QStringLiteral("ok: %1").arg(result.names.join(QLatin1String(", ")))
                                                   : QStringLiteral("%1: %2").arg(file, result.reason));
     return static_cast<int>(result.fault);
@@ -175,6 +187,7 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
     }
     // The window goes before the plug-in objects: it owns their pages.
     PluginLoader loader(host);
+    loader.setLanguage(options.language);
     PendantWindow window(controller, journal, host);
     if (!options.stateFile.isEmpty()) {
         window.keepState(options.stateFile);
@@ -189,11 +202,22 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
     return QApplication::exec();
 }
 
+/// What Qt itself puts into pages, menus of line edits for one. Without Qt's translations it stays English.
+void translateQtsOwnTexts(const QString& language, QApplication* application)
+{
+    auto* translator = new QTranslator(application);
+    if (language == QLatin1String("zh") &&
+        translator->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(translator);
+    }
+}
+
 int run(int argc, char* argv[], const Options& options)
 {
     QApplication application(argc, argv);
     // The same look on every desk; plug-ins see what a pendant without a desktop theme shows them.
     QApplication::setStyle(QStringLiteral("Fusion"));
+    translateQtsOwnTexts(options.language, &application);
 
     std::optional<Cell> cell = readCellAndState(options);
     if (!cell) {
@@ -202,10 +226,12 @@ int run(int argc, char* argv[], const Options& options)
     SimulatedController controller(*std::move(cell));
     controller.setOperatorLevel(options.level);
     controller.setPowered(options.powered);
+    if (options.zoom > 0) {
+        controller.setFontZoom(options.zoom);
+    }
     Journal journal;
     SimHost host(&controller, &journal);
-    return options.checkFile.isEmpty() ? runWindow(options, &controller, &journal, &host)
-                                       : loadOnly(&host, options.checkFile);
+    return options.checkFile.isEmpty() ? runWindow(options, &controller, &journal, &host) : loadOnly(&host, options);
 }
 
 } // namespace

@@ -39,7 +39,8 @@ struct OptionSet {
     QCommandLineOption shots{QStringLiteral("shots"),
                              tr("Write a picture of every page and editor to DIR, check their layout, and end."),
                              QStringLiteral("DIR")};
-    QCommandLineOption language{QStringLiteral("language"), tr("Language of the plug-ins, en or zh (default en)."),
+    QCommandLineOption language{QStringLiteral("language"),
+                                tr("Language of the plug-ins, en or zh (default en), until the program ends."),
                                 QStringLiteral("LANGUAGE")};
     QCommandLineOption dpi{QStringLiteral("dpi"),
                            tr("Density of the pendant's screen, 48 to 288 dots per inch (default: this screen's)."),
@@ -70,8 +71,8 @@ QString helpText(const QCommandLineParser& parser)
               "state file. With --check:\n") +
            loadFaultTable() +
            tr("\nWithout a display that can be reached the program runs the tour into ./pendant-tour. The tour\n"
-              "starts from the cell, sets level and power itself, and leaves a state file alone; its clock\n"
-              "stands still.\n"
+              "starts from the cell, sets level and power itself, leaves a state file alone and speaks\n"
+              "English; its clock stands still. As on a pendant, another language needs a restart.\n"
               "QT_QPA_PLATFORM and the other variables of Qt choose another kind of display.\n");
 }
 
@@ -129,6 +130,9 @@ QString complaint(const QCommandLineParser& parser, const OptionSet& set)
     }
     if (parser.isSet(set.check) + parser.isSet(set.tour) + parser.isSet(set.shots) > 1) {
         return tr("--check, --tour and --shots don't go together");
+    }
+    if (parser.isSet(set.tour) && parser.isSet(set.language) && parser.value(set.language) != kLanguages.first()) {
+        return tr("--tour looks for English texts: it goes with --language en only");
     }
     if (parser.isSet(set.trackingDelay) && parser.isSet(set.noTracking)) {
         return tr("--tracking-delay and --no-tracking don't go together");

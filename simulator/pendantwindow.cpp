@@ -216,6 +216,9 @@ void PendantWindow::addPlugin(const LoadResult& result)
         m_journal->addNotice(tr("error"), tr("%1: %2").arg(result.file, result.reason));
     }
     applyStyle(result);
+    for (const QString& remark : result.remarks) {
+        m_journal->addNotice({}, remark);
+    }
     m_plugins->add(result);
     if (result.bringsInstructions) {
         // Otherwise what is being typed there stays: a plug-in may come late.

@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QTranslator>
 
 #include <cxxabi.h>
 #include <dlfcn.h>
@@ -98,7 +99,6 @@ LoadResult PluginLoader::load(const QString& file)
     if (!openLibrary(&result)) {
         return result;
     }
-    // This is where a plug-in's own translation belongs: before its objects and their texts exist.
     for (const QString& name : pendixFactory()->names()) {
         if (!known.contains(name)) {
             result.names.append(name);
@@ -132,8 +132,26 @@ void PluginLoader::takeBack(const QStringList& names, const pendix::RlRegistry& 
         pendix::NoUniqueWidgetRegistry::instance().forget(name);
         m_host->withdraw(name);
         delete m_plugins.take(name);
+        // Being destroyed, it leaves the application's list by itself.
+        delete m_translators.take(name);
         pendix::unregisterPlugin(name);
     }
+}
+
+void PluginLoader::installTranslation(const QString& name, LoadResult* result)
+{
+    if (m_language != QLatin1String("zh")) {
+        return;
+    }
+    const QString file = QStringLiteral(":/%1/language/%1_cn.qm").arg(name);
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(file)) {
+        result->remarks.append(tr("plug-in \"%1\" brings no Chinese translation: there is no %2").arg(name, file));
+        return;
+    }
+    translator->setParent(this);
+    QCoreApplication::installTranslator(translator.get());
+    m_translators.insert(name, translator.release());
 }
 
 bool PluginLoader::openLibrary(LoadResult* result)
@@ -175,6 +193,8 @@ bool PluginLoader::guarded(LoadResult* result, LoadFault fault, const QString& s
 bool PluginLoader::start(const QString& name, LoadResult* result)
 {
     const auto step = [&name](const char* what) { return tr("%1 of plug-in \"%2\"").arg(QLatin1String(what), name); };
+    // Before the plug-in's objects and their texts exist.
+    installTranslation(name, result);
     pendix::PluginBase* plugin = nullptr;
     if (!guarded(result, LoadFault::ConstructionFailed, step("construction"),
                  [&] { plugin = pendixFactory()->create(name, this); })) {

@@ -210,6 +210,15 @@ void SimulatedController::setPowered(bool powered)
     }
 }
 
+void SimulatedController::setFontZoom(double zoom)
+{
+    const double bounded = qBound(kLowestFontZoom, zoom, kHighestFontZoom);
+    if (fontZoom() != bounded) {
+        m_cell.hostSettings.insert(QLatin1String(kFontZoom), bounded);
+        emit fontZoomChanged(bounded);
+    }
+}
+
 void SimulatedController::setOperatorLevel(int level)
 {
     const int bounded = qBound(0, level, kHighestLevel);

@@ -24,7 +24,7 @@ public:
     explicit SimulatedController(Cell cell, QObject* parent = nullptr);
 
     /// The cell: signals, registers, tools and the like. Its nodes, values, points and position are those at the
-    /// start.
+    /// start; the font zoom is that of now.
     const Cell& cell() const { return m_cell; }
     /// The nodes as they stand now.
     QJsonObject nodes() const { return m_data.nodes; }
@@ -41,6 +41,7 @@ public:
     bool isConnected() const { return m_connected; }
     bool isPowered() const { return m_powered; }
     int operatorLevel() const { return m_level; }
+    double fontZoom() const { return m_cell.hostSettings.value(QLatin1String(kFontZoom)).toDouble(1.0); }
 
     /// What the controller publishes under a name or a dotted path; undefined if there is no such value.
     QJsonValue published(const QString& name) const;
@@ -64,12 +65,14 @@ public slots:
     void setConnected(bool connected);
     void setPowered(bool powered);
     void setOperatorLevel(int level);       ///< bounded to 0..5
+    void setFontZoom(double zoom);          ///< the pendant's setting, bounded to what a cell may give
     void setPosition(const Pose& position); ///< each number bounded to its limit
 
 signals:
     void connectionChanged(bool connected);
     void poweredChanged(bool powered);
     void operatorLevelChanged(int level);
+    void fontZoomChanged(double zoom);
     void planChanged(const QString& command);
     void positionChanged();
     /// A point could not be stored, and why.

@@ -43,6 +43,7 @@ private slots:
     void storedPointsAreShown();
     void stateIsKeptOrItsLossShown();
     void fingersReachOnlyWhatIsThere();
+    void fontZoomIsAskedFor();
     void closingDuringASlowCommand();
     void closingWithAnUnsavedProgram();
 
@@ -381,6 +382,16 @@ void TestPendantWindow::fingersReachOnlyWhatIsThere()
     save->hide();
     QVERIFY(userinput::click(save).contains(QLatin1String("not visible")));
     QCOMPARE(m_window->findShown(QStringLiteral("fixtureSave")), nullptr);
+}
+
+void TestPendantWindow::fontZoomIsAskedFor()
+{
+    auto* box = m_window->findChild<QDoubleSpinBox*>(QStringLiteral("fontZoom"));
+    QCOMPARE(box->value(), 1.0);
+    box->stepUp();
+    QCOMPARE(pendixInterface()->getNodeData(QStringLiteral("brisel.fontzoom")), QJsonValue(1.25));
+    m_controller->setFontZoom(99);
+    QCOMPARE(box->value(), 10.0);
 }
 
 void TestPendantWindow::closingDuringASlowCommand()

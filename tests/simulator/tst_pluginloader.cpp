@@ -16,6 +16,7 @@ private slots:
     void causeAndReason_data();
     void causeAndReason();
     void loadsOnceAndGivesItsPage();
+    void bringsItsTranslation();
 
 private:
     LoadResult load(const char* fixture)
@@ -67,15 +68,28 @@ void TestPluginLoader::causeAndReason()
 
 void TestPluginLoader::loadsOnceAndGivesItsPage()
 {
+    m_loader->setLanguage(QStringLiteral("zh"));
     const LoadResult result = load("good");
     QVERIFY2(result.fault == LoadFault::None, qPrintable(result.reason));
     QCOMPARE(result.names, QStringList(QStringLiteral("good")));
     QCOMPARE(result.labels, QStringList(QStringLiteral("Fixture good")));
+    QVERIFY(result.remarks.value(0).contains(QLatin1String(":/good/language/good_cn.qm")));
     QVERIFY(m_host->page(QStringLiteral("good")) != nullptr);
     const LoadResult again = load("good");
     QCOMPARE(again.fault, LoadFault::NotRegistered);
     QVERIFY(again.reason.contains(QLatin1String("already known")));
     QVERIFY(m_host->page(QStringLiteral("good")) != nullptr);
+}
+
+void TestPluginLoader::bringsItsTranslation()
+{
+    const auto navigation = [] { return QCoreApplication::translate("LaserWeldPage", "Char. Curve"); };
+    const LoadResult result = m_loader->load(QStringLiteral(CORVANE_MODULE));
+    QVERIFY2(result.fault == LoadFault::None && result.remarks.isEmpty(), qPrintable(result.reason));
+    QCOMPARE(result.labels, QStringList(QString::fromUtf8("激光焊接")));
+    QCOMPARE(navigation(), QString::fromUtf8("特性曲线"));
+    m_loader.reset();
+    QCOMPARE(navigation(), QStringLiteral("Char. Curve"));
 }
 
 QTEST_MAIN(TestPluginLoader)
