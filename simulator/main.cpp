@@ -56,6 +56,18 @@ bool canShowWindows(int argc, char* argv[])
     return end.signal == 0 && end.exitCode == 0;
 }
 
+/// What Qt reads of the environment when it starts.
+void setScreen(const Options& options)
+{
+    if (options.dpi > 0) {
+        qputenv("QT_FONT_DPI", QByteArray::number(options.dpi));
+    }
+    // Chinese texts in the Chinese shapes of their characters, whatever the desk's own language.
+    if (options.language == QLatin1String("zh") && qEnvironmentVariableIsEmpty("FC_LANG")) {
+        qputenv("FC_LANG", "zh-cn");
+    }
+}
+
 /// With no display there is nobody to work the window: the tour does.
 void chooseDisplay(int argc, char* argv[], Options* options)
 {
@@ -69,9 +81,6 @@ void chooseDisplay(int argc, char* argv[], Options* options)
     if (!options->tourFolder.isEmpty() && !options->stateFile.isEmpty()) {
         print(stdout, QStringLiteral("pendant: the tour neither reads nor writes %1").arg(options->stateFile));
         options->stateFile.clear();
-    }
-    if (options->dpi > 0) {
-        qputenv("QT_FONT_DPI", QByteArray::number(options->dpi));
     }
     if (!options->tourFolder.isEmpty() || !options->checkFile.isEmpty()) {
         // 96: the density at which the pages are designed; this platform's own default is another.
@@ -250,6 +259,7 @@ int main(int argc, char* argv[])
     Options& options = parsed.options;
     // All options have been read. Qt would take some of them, --plugin for one, for options of its own.
     argc = 1;
+    setScreen(options);
     chooseDisplay(argc, argv, &options);
     if (options.checkFile.isEmpty()) {
         return run(argc, argv, options);

@@ -20,13 +20,13 @@ namespace
 
 constexpr char kCurrent[] = "current tool and work object";
 
-QFont fixedFont(int pointSize)
+QFont fixedFont(double pointSize)
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setStyleHint(QFont::Monospace);
     // Some platforms name a family here that is not fixed at all.
     font.setFamily(QFontInfo(font).fixedPitch() ? font.family() : QStringLiteral("monospace"));
-    font.setPointSize(pointSize);
+    font.setPointSizeF(pointSize);
     return font;
 }
 
@@ -57,7 +57,7 @@ NodesPanel::NodesPanel(SimulatedController* controller, QWidget* parent)
     m_choice->setMaxVisibleItems(m_choice->count());
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_text->setFont(fixedFont(font().pointSize()));
+    m_text->setFont(fixedFont(font().pointSizeF()));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_choice);

@@ -1,6 +1,7 @@
 #include "simulator/pendantwindow.h"
 
 #include "simulator/controllerpanel.h"
+#include "simulator/framefont.h"
 #include "simulator/journalview.h"
 #include "simulator/messagearea.h"
 #include "simulator/nodespanel.h"
@@ -44,14 +45,6 @@ constexpr char kOwner[] = "statusOwner";
 /// The plug-in whose values the controller's true ones are compared with, whatever else is loaded.
 constexpr char kMirroredPlugin[] = "Corvane";
 
-/// For one part of the frame at a time: a font of the window would reach into the plug-ins' pages.
-void setPointSize(QWidget* widget, int size)
-{
-    QFont font = widget->font();
-    font.setPointSize(size);
-    widget->setFont(font);
-}
-
 QWidget* findVisible(const QWidget* root, const QString& objectName)
 {
     for (QWidget* widget : root->findChildren<QWidget*>(objectName)) {
@@ -86,9 +79,10 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_statusItems(new QHBoxLayout)
 {
     setWindowTitle(tr("Pendant - SIMULATED"));
+    // One part at a time: a font of the window would reach into the plug-ins' pages.
     for (QWidget* part :
          std::initializer_list<QWidget*>{m_station, m_program, m_messages, m_notices, m_plugins->tabBar()}) {
-        setPointSize(part, kFramePointSize);
+        setFrameFont(part, kFramePointSize);
     }
     m_splitter->addWidget(createPendant());
     QTabWidget* inspector = createInspector();
@@ -149,7 +143,7 @@ QWidget* PendantWindow::createPendant()
     status->setObjectName(QStringLiteral("statusLine"));
     m_statusItems->setContentsMargins(8, 3, 8, 3);
     auto* caption = new QLabel(tr("Status"), status);
-    setPointSize(caption, kFramePointSize);
+    setFrameFont(caption, kFramePointSize);
     m_statusItems->addWidget(caption);
     m_statusItems->addStretch(1);
     status->setLayout(m_statusItems);
@@ -196,7 +190,7 @@ QTabWidget* PendantWindow::createInspector()
 {
     auto* inspector = new QTabWidget(this);
     inspector->setObjectName(QStringLiteral("inspector"));
-    setPointSize(inspector, kInspectorPointSize);
+    setFrameFont(inspector, kInspectorPointSize);
     const auto find = [this](const QString& name) { return mirroredWidget(name); };
     const auto statusItem = [this] { return mirroredStatusItem(); };
     inspector->addTab(new JournalView(m_journal, inspector), tr("Journal"));

@@ -1,5 +1,7 @@
 #include "simulator/simulatedmark.h"
 
+#include "simulator/framefont.h"
+
 #include <QPainter>
 
 namespace sim
@@ -18,8 +20,8 @@ SimulatedMark::SimulatedMark(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     QFont bold = font();
     bold.setBold(true);
-    bold.setPointSize(bold.pointSize() + 2);
     setFont(bold);
+    setFrameFont(this, font().pointSize() + 2);
     const QString text = tr("SIMULATED - no robot, no laser");
     setAccessibleName(text);
 }
