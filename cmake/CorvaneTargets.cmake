@@ -40,3 +40,15 @@ function(corvane_library target)
   target_include_directories(${target} PUBLIC "${corvane_SOURCE_DIR}")
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
 endfunction()
+
+# corvane_translation(source output): compiles a translation (.ts) into output (.qm).
+# The compiler is looked for as a program: a cross build has no Qt tools of its target, and needs none.
+find_program(CORVANE_LRELEASE NAMES lrelease lrelease-qt5 HINTS /usr/lib/qt5/bin REQUIRED)
+function(corvane_translation source output)
+  cmake_path(GET output PARENT_PATH folder)
+  file(MAKE_DIRECTORY "${folder}")
+  add_custom_command(OUTPUT "${output}"
+    COMMAND "${CORVANE_LRELEASE}" -silent "${CMAKE_CURRENT_SOURCE_DIR}/${source}" -qm "${output}"
+    DEPENDS "${source}"
+    VERBATIM)
+endfunction()
