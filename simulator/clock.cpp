@@ -1,5 +1,7 @@
 #include "simulator/clock.h"
 
+#include <chrono>
+
 namespace sim
 {
 
@@ -11,6 +13,12 @@ bool stopped = false;
 QDateTime now()
 {
     return stopped ? QDateTime(QDate(2026, 1, 1), QTime(8, 0)) : QDateTime::currentDateTime();
+}
+
+qint64 elapsedMs()
+{
+    using namespace std::chrono;
+    return stopped ? 0 : duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 void stopClock()

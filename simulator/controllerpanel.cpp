@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace sim
@@ -21,20 +22,43 @@ namespace
 constexpr int kLongestDelayMs = 60000;
 constexpr int kDelayStepMs = 500;
 constexpr double kZoomStep = 0.25;
+constexpr int kRefreshMs = 250; ///< while it is looked at, for what runs by itself
 } // namespace
 
 ControllerPanel::ControllerPanel(SimulatedController* controller,
                                  const std::function<QWidget*(const QString&)>& findShown,
                                  const std::function<QWidget*()>& statusItem, QWidget* parent)
-    : QWidget(parent), m_controller(controller)
+    : QWidget(parent), m_controller(controller), m_refresh(new QTimer(this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(createTruth(findShown, statusItem));
     layout->addWidget(createPendant());
     layout->addWidget(createAnswers());
     layout->addStretch(1);
+    m_refresh->setInterval(kRefreshMs);
+    connect(m_refresh, &QTimer::timeout, this, &ControllerPanel::showRunning);
     connect(controller, &SimulatedController::dataChanged, this, &ControllerPanel::showTruth);
     showTruth();
+}
+
+void ControllerPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_refresh->start();
+    showRunning();
+}
+
+void ControllerPanel::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    m_refresh->stop();
+}
+
+QLabel* ControllerPanel::createLabel(const QString& objectName)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName(objectName);
+    return label;
 }
 
 QGroupBox* ControllerPanel::createTruth(const std::function<QWidget*(const QString&)>& findShown,
@@ -42,24 +66,33 @@ QGroupBox* ControllerPanel::createTruth(const std::function<QWidget*(const QStri
 {
     m_virtualWelding = createValueBox(node::kVirtualWelding);
     m_redLight = createValueBox(node::kRedLight);
-    m_weldEnable = new QLabel(this);
+    m_weldEnable = createLabel(QStringLiteral("trueWeldEnable"));
+    m_wire = createLabel(QStringLiteral("trueWire"));
+    m_gas = createLabel(QStringLiteral("trueGas"));
+    m_monitor = createLabel(QStringLiteral("trueMonitor"));
     const auto mainSwitch = [findShown] { return findShown(QStringLiteral("pushButton_main_enable")); };
     struct Row {
         QString title;
         QWidget* truth;
         QLabel* shown;
     };
-    auto* notShown = new QLabel(tr("not shown on the pendant"), this);
-    notShown->setWordWrap(true);
+    const auto notShown = [this] {
+        auto* label = new QLabel(tr("not shown on the pendant"), this);
+        label->setWordWrap(true);
+        return label;
+    };
     const Row rows[] = {
         {tr("Virtual welding"), m_virtualWelding, new LivePicture(statusItem, tr("no status item"), this)},
-        {tr("Red light"), m_redLight, notShown},
+        {tr("Red light"), m_redLight, notShown()},
         {tr("Weld enable"), m_weldEnable, new LivePicture(mainSwitch, tr("its page is not open"), this)},
+        {tr("Wire"), m_wire, notShown()},
+        {tr("Gas"), m_gas, notShown()},
+        {tr("Monitor stream"), m_monitor, notShown()},
     };
     auto* group = new QGroupBox(tr("True values"), this);
     auto* grid = new QGridLayout(group);
     grid->setColumnStretch(2, 1);
-    grid->setHorizontalSpacing(16);
+    grid->setHorizontalSpacing(10);
     grid->addWidget(new QLabel(tr("Controller"), group), 0, 1);
     grid->addWidget(new QLabel(tr("Pendant shows"), group), 0, 2);
     int line = 1;
@@ -92,6 +125,30 @@ void ControllerPanel::showTruth()
     show(m_virtualWelding, node::kVirtualWelding);
     show(m_redLight, node::kRedLight);
     m_weldEnable->setText(onOff(m_controller->weldEnabled()));
+    m_monitor->setText(onOff(m_controller->monitoring()));
+    showRunning();
+}
+
+void ControllerPanel::showRunning()
+{
+    const Consumables& consumables = m_controller->consumables();
+    const auto motion = [&] {
+        switch (consumables.wire()) {
+        case Consumables::Wire::Feeding:
+            return tr("feeding");
+        case Consumables::Wire::Retracting:
+            return tr("retracting");
+        case Consumables::Wire::Stopped:
+            break;
+        }
+        return tr("stopped");
+    };
+    m_wire->setText(tr("%1\n%2 mm/s\nat %3 mm")
+                        .arg(motion(), QString::number(consumables.wireSpeed()),
+                             QString::number(consumables.wirePosition(), 'f', 1)));
+    constexpr double kMsPerSecond = 1000;
+    const double left = static_cast<double>(consumables.gasLeft()) / kMsPerSecond;
+    m_gas->setText(left > 0 ? tr("on\n%1 s left").arg(QString::number(left, 'f', 1)) : tr("off"));
 }
 
 QGroupBox* ControllerPanel::createPendant()

@@ -11,6 +11,7 @@ class QCheckBox;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
+class QTimer;
 
 namespace sim
 {
@@ -27,7 +28,12 @@ public:
     ControllerPanel(SimulatedController* controller, const std::function<QWidget*(const QString&)>& findShown,
                     const std::function<QWidget*()>& statusItem, QWidget* parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    QLabel* createLabel(const QString& objectName);
     QGroupBox* createTruth(const std::function<QWidget*(const QString&)>& findShown,
                            const std::function<QWidget*()>& statusItem);
     QCheckBox* createValueBox(const char* value);
@@ -35,11 +41,16 @@ private:
     QGroupBox* createAnswers();
     void addAnswerRow(QGridLayout* grid, const QString& command);
     void showTruth();
+    void showRunning();
 
     SimulatedController* m_controller;
     QCheckBox* m_virtualWelding = nullptr;
     QCheckBox* m_redLight = nullptr;
     QLabel* m_weldEnable = nullptr;
+    QLabel* m_wire = nullptr;
+    QLabel* m_gas = nullptr;
+    QLabel* m_monitor = nullptr;
+    QTimer* m_refresh;
 };
 
 } // namespace sim

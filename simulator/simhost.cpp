@@ -65,6 +65,10 @@ SimHost::SimHost(SimulatedController* controller, Journal* journal) : m_controll
             announceConnection();
         }
     });
+    connect(controller, &SimulatedController::wireCutOff, this, [this] {
+        m_journal->addNotice(tr("warning"), tr("the line went down while the wire was running: the controller stopped "
+                                               "the wire"));
+    });
     pendix::installHost(this);
 }
 

@@ -1,6 +1,7 @@
 #include "simulator/simulatedcontroller.h"
 
 #include "simulator/jsoncheck.h"
+#include "simulator/monitorstream.h"
 #include "simulator/nodeschema.h"
 
 #include <QEventLoop>
@@ -28,6 +29,15 @@ SimulatedController::SimulatedController(Cell cell, QObject* parent)
     m_data.nodes = m_cell.nodes;
     m_data.values = m_cell.values;
     m_data.weldEnabled = mainEnable(m_data.nodes);
+}
+
+QVariantMap SimulatedController::monitorValues() const
+{
+    if (!monitoring() || !m_connected) {
+        return {};
+    }
+    return sim::monitorValues(
+        {m_data.nodes, value(QLatin1String(node::kVirtualWelding)), consumables().wireSpeed(), consumables().now()});
 }
 
 void SimulatedController::setNodes(const QJsonObject& nodes)
@@ -148,14 +158,20 @@ void SimulatedController::executeOne(const QString& plugin, const QString& name,
         return;
     }
     const AnswerPlan plan = this->plan(name);
-    if (!wait(plan.delayMs)) {
+    const auto work = [&] { carryOut(*row, plan.kind, plugin, argument, execution); };
+    if (!inItsTime(name, plan.delayMs, work)) {
         execution->remarks.append(tr("%1: the line went down, or the pendant was closed, before the answer").arg(name));
-        return;
     }
+}
+
+void SimulatedController::carryOut(const CommandRow& row, AnswerKind kind, const QString& plugin,
+                                   const QJsonValue& argument, Execution* execution)
+{
+    const QString name = QLatin1String(row.name);
+    const bool monitored = monitoring();
     CommandOutcome outcome;
-    const AnswerKind kind = plan.kind;
     if (controllerActs(kind)) {
-        outcome = row->execute(m_data, argument);
+        outcome = row.execute(m_data, argument);
         if (!outcome.done) {
             execution->remarks.append(tr("%1 not executed: %2").arg(name, outcome.reason));
         }
@@ -170,35 +186,59 @@ void SimulatedController::executeOne(const QString& plugin, const QString& name,
     }
     if (outcome.done) {
         emit dataChanged();
+    }
+    if (outcome.done && row.storesNodes) {
         emit nodesStored();
+    }
+    if (monitored != monitoring()) {
+        emit monitoringChanged(monitoring());
     }
 }
 
-bool SimulatedController::wait(int delayMs)
+/// Does the work when the delay is over and comes back then; false when it came to nothing.
+bool SimulatedController::inItsTime(const QString& command, int delayMs, const std::function<void()>& work)
 {
-    if (delayMs <= 0) {
+    const QTimer* const former = m_waiting.value(command);
+    const bool isBehind = former != nullptr && former->isActive();
+    if (delayMs <= 0 && !isBehind) {
+        work();
         return true;
     }
+    // The work is the timer's, not this function's once the loop is left: a key that comes up while its press is still
+    // being waited for sends from within that loop, and its command must not be carried out before the press.
     QTimer timer;
     timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
     QEventLoop loop;
-    connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
-    bool lineWentDown = false;
-    connect(this, &SimulatedController::connectionChanged, &loop, [&] {
-        lineWentDown = true;
+    bool done = false;
+    connect(&timer, &QTimer::timeout, &loop, [&] {
+        done = true;
+        work();
         loop.quit();
     });
-    timer.start(delayMs);
+    connect(this, &SimulatedController::connectionChanged, &loop, [&] {
+        timer.stop();
+        loop.quit();
+    });
+    m_waiting.insert(command, &timer);
+    timer.start(isBehind ? qMax(delayMs, former->remainingTime() + 1) : delayMs);
     // Ends early when the program does: a quitting application leaves all its event loops.
     loop.exec();
-    return !timer.isActive() && !lineWentDown;
+    m_waiting.insert(command, former);
+    return done;
 }
 
 void SimulatedController::setConnected(bool connected)
 {
-    if (m_connected != connected) {
-        m_connected = connected;
-        emit connectionChanged(connected);
+    if (m_connected == connected) {
+        return;
+    }
+    m_connected = connected;
+    const bool isCutOff = !connected && consumables().wire() != Consumables::Wire::Stopped;
+    m_data.consumables.stopWire();
+    emit connectionChanged(connected);
+    if (isCutOff) {
+        emit wireCutOff();
     }
 }
 

@@ -7,6 +7,9 @@
 
 #include <QHash>
 #include <QObject>
+#include <QVariantMap>
+
+class QTimer;
 
 namespace sim
 {
@@ -30,6 +33,12 @@ public:
     QJsonObject nodes() const { return m_data.nodes; }
     QJsonObject values() const { return m_data.values; }
     bool weldEnabled() const { return m_data.weldEnabled; }
+    const Consumables& consumables() const { return m_data.consumables; }
+    bool monitoring() const { return m_data.monitoring; }
+    /// What the monitor stream delivers at this moment; empty while it is off or the line is down.
+    QVariantMap monitorValues() const;
+    /// The clock by which wire, gas and monitor stream run; to be set before anything runs.
+    void setClock(const Consumables::Clock& clock) { m_data.consumables.setClock(clock); }
     QVector<RobotPoint> points() const { return m_points; }
     Pose position() const { return m_position; }
     /// Stores the current position as a point of that name; an existing one only with overwrite. Returns why it was
@@ -58,10 +67,12 @@ public:
         QStringList remarks; ///< what a reader of the journal should know: unknown commands, refusals
     };
     /// Executes a command object. With a delay in a command's plan this spins the event loop for that time;
-    /// when the line goes down or the program ends meanwhile, nothing is done and nothing answered.
+    /// when the line goes down or the program ends meanwhile, nothing is done and nothing answered. A command that is
+    /// sent again meanwhile takes effect after the first one, never before it.
     Execution execute(const QString& plugin, const QJsonObject& command);
 
 public slots:
+    /// Down: a wire that runs is stopped, since nobody can tell any more whether its key is still held.
     void setConnected(bool connected);
     void setPowered(bool powered);
     void setOperatorLevel(int level);       ///< bounded to 0..5
@@ -70,6 +81,9 @@ public slots:
 
 signals:
     void connectionChanged(bool connected);
+    /// The line went down while the wire was running.
+    void wireCutOff();
+    void monitoringChanged(bool on);
     void poweredChanged(bool powered);
     void operatorLevelChanged(int level);
     void fontZoomChanged(double zoom);
@@ -86,7 +100,9 @@ signals:
 
 private:
     void executeOne(const QString& plugin, const QString& name, const QJsonValue& argument, Execution* execution);
-    bool wait(int delayMs);
+    void carryOut(const CommandRow& row, AnswerKind kind, const QString& plugin, const QJsonValue& argument,
+                  Execution* execution);
+    bool inItsTime(const QString& command, int delayMs, const std::function<void()>& work);
     int placeOf(const QString& point) const;
     QString obstacleTo(const QString& name, bool overwrite, const QString& tool, const QString& wobj) const;
 
@@ -95,6 +111,7 @@ private:
     QVector<RobotPoint> m_points;
     Pose m_position;
     QHash<QString, AnswerPlan> m_plans;
+    QHash<QString, const QTimer*> m_waiting; ///< by command, the one that was sent last
     bool m_connected = true;
     bool m_powered = false;
     int m_level = kHighestLevel;

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <optional>
+
 namespace sim
 {
 
@@ -12,6 +14,7 @@ namespace
 
 constexpr int kDone = 0;
 constexpr int kBadArgument = 1;
+constexpr int kNotNow = 2;
 
 CommandOutcome setWeldSetting(WeldData& data, const QJsonValue& argument)
 {
@@ -43,9 +46,111 @@ CommandOutcome setWeldEnable(WeldData& data, const QJsonValue& argument)
     return {true, true, {}};
 }
 
+QString words(const char* text)
+{
+    return QCoreApplication::translate("sim::WeldCommands", text);
+}
+
+CommandOutcome notABoolean()
+{
+    return {kBadArgument, false, words("expected true or false")};
+}
+
+CommandOutcome setValue(WeldData& data, const char* value, const QJsonValue& argument)
+{
+    if (!argument.isBool()) {
+        return notABoolean();
+    }
+    data.values.insert(QLatin1String(value), argument);
+    return {kDone, true, {}};
+}
+
+CommandOutcome setVirtualWelding(WeldData& data, const QJsonValue& argument)
+{
+    return setValue(data, node::kVirtualWelding, argument);
+}
+
+CommandOutcome setRedLight(WeldData& data, const QJsonValue& argument)
+{
+    return setValue(data, node::kRedLight, argument);
+}
+
+/// A number of the setting node; nothing when the controller has no such node.
+std::optional<double> settingNumber(const WeldData& data, const char* member)
+{
+    const QJsonValue setting = data.nodes.value(QLatin1String(node::kSetting));
+    return setting.isObject() ? std::optional(setting.toObject().value(QLatin1String(member)).toDouble())
+                              : std::nullopt;
+}
+
+CommandOutcome noSetting()
+{
+    return {kNotNow, false, words("the controller has no %1").arg(QLatin1String(node::kSetting))};
+}
+
+/// The wire runs for as long as its key is held. Two keys that are held at once contradict each other: the second one
+/// stops the wire, and it stays where it is until a key is pressed anew.
+CommandOutcome runWire(WeldData& data, Consumables::Wire direction, const char* speedMember, const QJsonValue& argument)
+{
+    if (!argument.isBool()) {
+        return notABoolean();
+    }
+    Consumables& wire = data.consumables;
+    if (!argument.toBool()) {
+        if (wire.wire() == direction) {
+            wire.stopWire();
+        }
+        return {kDone, true, {}};
+    }
+    if (wire.wire() != Consumables::Wire::Stopped && wire.wire() != direction) {
+        wire.stopWire();
+        return {kNotNow, false, words("the wire was running the other way; it is stopped")};
+    }
+    const std::optional<double> speed = settingNumber(data, speedMember);
+    if (!speed) {
+        return noSetting();
+    }
+    wire.runWire(direction, *speed);
+    return {kDone, true, {}};
+}
+
+CommandOutcome feedWire(WeldData& data, const QJsonValue& argument)
+{
+    return runWire(data, Consumables::Wire::Feeding, "manual_feed_speed", argument);
+}
+
+CommandOutcome retractWire(WeldData& data, const QJsonValue& argument)
+{
+    return runWire(data, Consumables::Wire::Retracting, "manual_retract_speed", argument);
+}
+
+CommandOutcome openGas(WeldData& data, const QJsonValue& argument)
+{
+    if (!argument.isBool()) {
+        return notABoolean();
+    }
+    const std::optional<double> time = argument.toBool() ? settingNumber(data, "manual_gas_time") : 0;
+    if (!time) {
+        return noSetting();
+    }
+    data.consumables.openGas(*time);
+    return {kDone, true, {}};
+}
+
+CommandOutcome switchMonitor(WeldData& data, const QJsonValue& argument)
+{
+    if (!argument.isBool()) {
+        return notABoolean();
+    }
+    data.monitoring = argument.toBool();
+    return {kDone, true, {}};
+}
+
 constexpr CommandRow kCommands[] = {
-    {"set_weld_setting_config", setWeldSetting},
-    {"set_weld_enable", setWeldEnable},
+    {"set_weld_setting_config", setWeldSetting},       {"set_weld_enable", setWeldEnable},
+    {"set_virtual_welding", setVirtualWelding, false}, {"set_weld_feed_wire", feedWire, false},
+    {"set_weld_retract_wire", retractWire, false},     {"set_weld_manual_gas", openGas, false},
+    {"set_weld_red_light", setRedLight, false},        {"start_laserweld_monitor", switchMonitor, false},
 };
 
 } // namespace

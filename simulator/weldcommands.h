@@ -1,6 +1,8 @@
 #ifndef SIMULATOR_WELDCOMMANDS_H
 #define SIMULATOR_WELDCOMMANDS_H
 
+#include "simulator/consumables.h"
+
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QStringList>
@@ -13,12 +15,14 @@ struct WeldData {
     QJsonObject nodes;        ///< configuration nodes by name; null: there is none of that name
     QJsonObject values;       ///< single values by dotted path
     bool weldEnabled = false; ///< whether laser welding is switched on
+    bool monitoring = false;  ///< whether the monitor stream is on
+    Consumables consumables;
 };
 
 /// Result of a command.
 struct CommandOutcome {
     QJsonValue code;   ///< the "return" value of the answer
-    bool done = false; ///< false: refused, nothing was changed
+    bool done = false; ///< false: refused, nothing was set going
     QString reason;    ///< why it was refused, for the journal
 };
 
@@ -26,6 +30,7 @@ struct CommandOutcome {
 struct CommandRow {
     const char* name;
     CommandOutcome (*execute)(WeldData& data, const QJsonValue& argument);
+    bool storesNodes = true; ///< whether it may change a configuration node
 };
 
 QStringList commandNames();

@@ -7,7 +7,10 @@
 
 using namespace sim;
 
+using StateReader = std::function<bool(const SimulatedController&)>;
+
 Q_DECLARE_METATYPE(sim::AnswerKind)
+Q_DECLARE_METATYPE(StateReader)
 
 namespace
 {
@@ -15,6 +18,11 @@ namespace
 const QString kPlugin = QStringLiteral("Corvane");
 const QString kSave = QStringLiteral("set_weld_setting_config");
 const QString kEnable = QStringLiteral("set_weld_enable");
+const QString kFeed = QStringLiteral("set_weld_feed_wire");
+const QString kRetract = QStringLiteral("set_weld_retract_wire");
+const QString kGas = QStringLiteral("set_weld_manual_gas");
+const QString kMonitor = QStringLiteral("start_laserweld_monitor");
+using Wire = Consumables::Wire;
 
 QByteArray compact(const QJsonArray& array)
 {
@@ -40,6 +48,13 @@ private slots:
     void refusesPoints();
     void staysWithinReach();
     void slowAnswer();
+    void commandsWithABoolean_data();
+    void commandsWithABoolean();
+    void wireRunsAndStands();
+    void wireStopsWithTheLine();
+    void gasClosesByItself();
+    void quickReleaseComesSecond();
+    void monitorStream();
 
 private:
     QJsonObject setting() const { return m_controller->nodes().value(QLatin1String(node::kSetting)).toObject(); }
@@ -48,6 +63,21 @@ private:
         return m_controller->execute(kPlugin, {{command, argument}}).answer;
     }
 
+    void setInNode(const char* member, const QJsonValue& value)
+    {
+        QJsonObject nodes = m_controller->nodes();
+        QJsonObject changed = setting();
+        changed.insert(QLatin1String(member), value);
+        nodes.insert(QLatin1String(node::kSetting), changed);
+        m_controller->setNodes(nodes);
+    }
+    int code(const QString& command, const QJsonValue& argument)
+    {
+        const QJsonObject answer = send(command, argument).at(0).toObject().value(kPlugin).toObject();
+        return answer.value(command).toObject().value(QStringLiteral("return")).toInt(-1);
+    }
+
+    qint64 m_now = 1000; ///< the controller's clock
     std::unique_ptr<SimulatedController> m_controller;
     QJsonObject m_changed; ///< a setting that differs from the one the controller starts with
 };
@@ -56,6 +86,7 @@ void TestSimulatedController::init()
 {
     FileFault fault;
     m_controller = std::make_unique<SimulatedController>(*loadCell(QStringLiteral(SHIPPED_CELL), &fault));
+    m_controller->setClock([this] { return m_now; });
     m_changed = setting();
     m_changed.insert(QStringLiteral("laser_power"), 1234);
 }
@@ -232,6 +263,156 @@ void TestSimulatedController::slowAnswer()
     QTimer::singleShot(10, this, [this] { m_controller->setConnected(false); });
     QCOMPARE(send(kSave, m_changed), QJsonArray());
     QCOMPARE(setting(), before);
+}
+
+void TestSimulatedController::commandsWithABoolean_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<StateReader>("state");
+    const auto row = [](const QString& command, const StateReader& state) {
+        QTest::newRow(qPrintable(command)) << command << state;
+    };
+    using Controller = const SimulatedController&;
+    row("set_virtual_welding", [](Controller c) { return c.published(node::kVirtualWelding).toBool(); });
+    row("set_weld_red_light", [](Controller c) { return c.published(node::kRedLight).toBool(); });
+    row(kFeed, [](Controller c) { return c.consumables().wire() == Wire::Feeding; });
+    row(kRetract, [](Controller c) { return c.consumables().wire() == Wire::Retracting; });
+    row(kGas, [](Controller c) { return c.consumables().gasLeft() > 0; });
+    row(kMonitor, [](Controller c) { return c.monitoring(); });
+}
+
+void TestSimulatedController::commandsWithABoolean()
+{
+    QFETCH(QString, command);
+    QFETCH(StateReader, state);
+    QSignalSpy stored(m_controller.get(), &SimulatedController::nodesStored);
+    for (const bool on : {false, true, false}) {
+        QCOMPARE(code(command, on), 0);
+        QCOMPARE(state(*m_controller), on);
+        for (const QJsonValue& bad : {QJsonValue(on ? 0 : 1), QJsonValue(on ? "FALSE" : "TRUE"), QJsonValue()}) {
+            const auto refused = m_controller->execute(kPlugin, {{command, bad}});
+            QVERIFY(refused.remarks.value(0).contains(QLatin1String("expected true or false")));
+            QCOMPARE(code(command, bad), 1);
+            QCOMPARE(state(*m_controller), on);
+        }
+    }
+    QCOMPARE(stored.size(), 0);
+}
+
+void TestSimulatedController::wireRunsAndStands()
+{
+    const Consumables& wire = m_controller->consumables();
+    setInNode("manual_feed_speed", 12);
+    setInNode("manual_retract_speed", 4);
+    code(kFeed, true);
+    m_now += 2500;
+    QCOMPARE(wire.wirePosition(), 30.0);
+    // A release of the other key changes nothing, the same key pressed again nothing that was fed.
+    code(kRetract, false);
+    QCOMPARE(code(kFeed, true), 0);
+    m_now += 500;
+    code(kFeed, false);
+    m_now += 9000;
+    QCOMPARE(wire.wirePosition(), 36.0);
+    code(kRetract, true);
+    m_now += 10000;
+    QCOMPARE(wire.wirePosition(), -4.0);
+    // Both at once: stopped, and neither release sets it going again.
+    QCOMPARE(code(kFeed, true), 2);
+    QCOMPARE(code(kRetract, false), 0);
+    m_now += 1000;
+    QVERIFY(wire.wire() == Wire::Stopped && wire.wirePosition() == -4.0 && wire.wireSpeed() == 0.0);
+    // Speeds that no feeder has, and none at all.
+    setInNode("manual_feed_speed", -5);
+    code(kFeed, true);
+    QCOMPARE(wire.wireSpeed(), 0.0);
+    setInNode("manual_feed_speed", 1e300);
+    code(kFeed, true);
+    QCOMPARE(wire.wireSpeed(), Consumables::kFastestWire);
+    m_controller->setNodes({});
+    QCOMPARE(code(kFeed, true), 2);
+    QCOMPARE(code(kFeed, false), 0);
+    QCOMPARE(wire.wire(), Wire::Stopped);
+}
+
+void TestSimulatedController::wireStopsWithTheLine()
+{
+    QSignalSpy cuts(m_controller.get(), &SimulatedController::wireCutOff);
+    const Consumables& wire = m_controller->consumables();
+    code(kRetract, true);
+    m_now += 1000;
+    m_controller->setConnected(false);
+    const double where = wire.wirePosition();
+    m_now += 1000;
+    QCOMPARE(code(kRetract, false), -1);
+    m_controller->setConnected(true);
+    QVERIFY(wire.wire() == Wire::Stopped && where < 0 && wire.wirePosition() == where);
+    m_controller->setConnected(false);
+    QCOMPARE(cuts.size(), 1);
+}
+
+void TestSimulatedController::gasClosesByItself()
+{
+    const Consumables& gas = m_controller->consumables();
+    setInNode("manual_gas_time", 5000);
+    code(kGas, true);
+    m_now += 4000;
+    QCOMPARE(gas.gasLeft(), 1000);
+    code(kGas, true);
+    m_now += 4999;
+    QCOMPARE(gas.gasLeft(), 1);
+    m_now += 5;
+    QCOMPARE(gas.gasLeft(), 0);
+    setInNode("manual_gas_time", 1e300);
+    code(kGas, true);
+    QCOMPARE(gas.gasLeft(), static_cast<qint64>(Consumables::kLongestGasMs));
+}
+
+void TestSimulatedController::quickReleaseComesSecond()
+{
+    // The key comes up while its press is still waited for, and is answered without delay.
+    m_controller->setPlan(kFeed, {AnswerKind::Proper, 60});
+    QList<bool> order;
+    connect(m_controller.get(), &SimulatedController::dataChanged, this,
+            [&] { order.append(m_controller->consumables().wire() == Wire::Feeding); });
+    QTimer::singleShot(0, this, [this] {
+        m_controller->setPlan(kFeed, AnswerPlan());
+        QCOMPARE(code(kFeed, false), 0);
+    });
+    QCOMPARE(code(kFeed, true), 0);
+    QCOMPARE(order, QList<bool>({true, false}));
+}
+
+void TestSimulatedController::monitorStream()
+{
+    QSignalSpy changes(m_controller.get(), &SimulatedController::monitoringChanged);
+    m_controller->setValue(node::kVirtualWelding, false);
+    QCOMPARE(m_controller->monitorValues(), QVariantMap());
+    code(kMonitor, true);
+    code(kMonitor, true);
+    QCOMPARE(changes, QList<QVariantList>({{true}}));
+    const QVariantMap first = m_controller->monitorValues();
+    QCOMPARE(first.keys(), QStringList({"get_laser_dutycycle", "get_laser_frequency", "get_laser_power",
+                                        "get_laser_weldspeed", "get_laser_wirespeed"}));
+    QCOMPARE(m_controller->monitorValues(), first);
+    double last = first.value("get_laser_power").toDouble();
+    bool moves = false;
+    for (int i = 0; i < 300; ++i, m_now += 50) {
+        const QVariantMap values = m_controller->monitorValues();
+        const double power = values.value("get_laser_power").toDouble();
+        QVERIFY(qAbs(power - 3000) <= 60 && qAbs(power - last) < 20);
+        QVERIFY(values.value("get_laser_dutycycle").toDouble() <= 100);
+        moves = moves || power != last;
+        last = power;
+    }
+    QVERIFY(moves);
+    m_controller->setValue(node::kVirtualWelding, true);
+    code(kFeed, true);
+    const QVariantMap dark = m_controller->monitorValues();
+    QCOMPARE(dark.value("get_laser_power").toDouble(), 0.0);
+    QVERIFY(dark.value("get_laser_wirespeed").toDouble() > 0 && dark.value("get_laser_weldspeed").toDouble() > 0);
+    m_controller->setConnected(false);
+    QCOMPARE(m_controller->monitorValues(), QVariantMap());
 }
 
 QTEST_GUILESS_MAIN(TestSimulatedController)
