@@ -1,5 +1,6 @@
 #include "simulator/pendantwindow.h"
 
+#include "simulator/buttonstrip.h"
 #include "simulator/controllerpanel.h"
 #include "simulator/framefont.h"
 #include "simulator/journalview.h"
@@ -32,7 +33,7 @@ namespace sim
 namespace
 {
 
-/// Below this width the inspector would take room that the page needs.
+/// Below this width, the buttons beside the page left out, the inspector would take room that the page needs.
 constexpr int kNarrow = 1200;
 constexpr int kInspectorWidth = 412;
 constexpr int kNarrowInspectorWidth = 340;
@@ -72,6 +73,7 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_station(new StationBar(controller, this)),
       m_splitter(new QSplitter(Qt::Horizontal, this)),
       m_centre(new QStackedWidget(this)),
+      m_buttons(new ButtonStrip(host->buttonLists(), this)),
       m_plugins(new PluginArea(host, this)),
       m_program(new ProgramEditor(controller, this)),
       m_messages(new MessageArea(this)),
@@ -79,6 +81,7 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_statusItems(new QHBoxLayout)
 {
     setWindowTitle(tr("Pendant - SIMULATED"));
+    setFrameFont(m_buttons, kInspectorPointSize);
     // One part at a time: a font of the window would reach into the plug-ins' pages.
     for (QWidget* part :
          std::initializer_list<QWidget*>{m_station, m_program, m_messages, m_notices, m_plugins->tabBar()}) {
@@ -103,10 +106,17 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
     connectProgram();
     connect(m_station, &StationBar::showPageAgain, this, &PendantWindow::showPageAgain);
     connect(m_station, &StationBar::showInspector, inspector, &QWidget::setVisible);
+    connect(m_buttons, &ButtonStrip::shownChanged, this, [this] { shareWidth(width()); });
     connect(host, &SimHost::operatorMessage, m_messages, &MessageArea::add);
     connect(host, &SimHost::statusItemGiven, this, &PendantWindow::addStatusItem);
     connect(host, &SimHost::pluginWithdrawn, this, &PendantWindow::removeStatusItems);
     fitIntoScreen();
+}
+
+PendantWindow::~PendantWindow()
+{
+    // A button that is held comes up while all that its handler may reach is still there.
+    m_buttons->hide();
 }
 
 void PendantWindow::fitIntoScreen()
@@ -128,11 +138,19 @@ void PendantWindow::fitIntoScreen()
 
 void PendantWindow::fitInto(const QSize& available)
 {
-    resize(QSize(kWidth, kHeight).boundedTo(available));
-    m_messages->setVisibleRows(height() < kHeight ? kFewMessageRows : kMessageRows);
-    const bool isNarrow = width() < kNarrow;
+    const QSize size = QSize(kWidth, kHeight).boundedTo(available);
+    m_messages->setVisibleRows(size.height() < kHeight ? kFewMessageRows : kMessageRows);
+    // First, since with an inspector the window may not become that narrow.
+    shareWidth(size.width());
+    layout()->activate();
+    resize(size);
+}
+
+void PendantWindow::shareWidth(int width)
+{
+    const bool isNarrow = width - (m_buttons->isHidden() ? 0 : m_buttons->width()) < kNarrow;
     const int inspector = isNarrow ? kNarrowInspectorWidth : kInspectorWidth;
-    m_splitter->setSizes({width() - inspector, inspector});
+    m_splitter->setSizes({width - inspector, inspector});
     m_station->setInspectorShown(!isNarrow);
 }
 
@@ -147,15 +165,19 @@ QWidget* PendantWindow::createPendant()
     m_statusItems->addWidget(caption);
     m_statusItems->addStretch(1);
     status->setLayout(m_statusItems);
-    auto* layout = new QVBoxLayout(pendant);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* screen = new QVBoxLayout;
+    screen->setSpacing(0);
     m_centre->addWidget(m_plugins);
     m_centre->addWidget(m_program);
-    layout->addWidget(m_centre, 1);
-    layout->addWidget(separator());
-    layout->addWidget(status);
-    layout->addWidget(m_messages);
+    screen->addWidget(m_centre, 1);
+    screen->addWidget(separator());
+    screen->addWidget(status);
+    screen->addWidget(m_messages);
+    auto* layout = new QHBoxLayout(pendant);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(screen, 1);
+    layout->addWidget(m_buttons);
     return pendant;
 }
 
@@ -255,7 +277,8 @@ void PendantWindow::notice(const QString& text)
 
 QWidget* PendantWindow::findShown(const QString& objectName) const
 {
-    return findVisible(m_centre, objectName);
+    QWidget* onScreen = findVisible(m_centre, objectName);
+    return onScreen != nullptr ? onScreen : findVisible(m_buttons, objectName);
 }
 
 QWidget* PendantWindow::mirroredWidget(const QString& objectName) const

@@ -14,6 +14,7 @@ class QTabWidget;
 namespace sim
 {
 
+class ButtonStrip;
 class MessageArea;
 class NoticeBar;
 class PluginArea;
@@ -21,17 +22,18 @@ class ProgramEditor;
 class StationBar;
 
 /// The pendant on the desk: simulated mark, station controls, the plug-ins' pages or the program editor with status
-/// line and operator messages, the inspector at the right. Uses no style sheet of its own: plug-ins style themselves,
-/// and a sheet up here would reach into their pages.
+/// line and operator messages, the plug-ins' buttons beside them, the inspector at the right. Uses no style sheet of
+/// its own: plug-ins style themselves, and a sheet up here would reach into their pages.
 class PendantWindow : public QWidget
 {
     Q_OBJECT
 
 public:
-    static constexpr int kWidth = 1280;
+    static constexpr int kWidth = 1440;
     static constexpr int kHeight = 800;
 
     PendantWindow(SimulatedController* controller, Journal* journal, SimHost* host, QWidget* parent = nullptr);
+    ~PendantWindow() override;
 
     /// Starts in that room: as large as designed or as it allows. In a narrow window the inspector is hidden at
     /// first, so that the page has the whole width, and narrower when it is shown.
@@ -51,7 +53,8 @@ public:
     /// The program editor instead of the plug-ins' pages, or these again.
     void showProgram(bool shown);
 
-    /// A visible widget of what the pendant shows, a page or an editor, by its object name; null if there is none.
+    /// A visible widget of what the pendant shows, a page, an editor or a button beside the screen, by its object name;
+    /// null if there is none.
     QWidget* findShown(const QString& objectName) const;
 
     /// Does what the button "Show page again" does.
@@ -67,6 +70,7 @@ private:
     void connectProgram();
     QTabWidget* createInspector();
     void fitIntoScreen();
+    void shareWidth(int width);
     void addStatusItem(const QString& plugin, QWidget* item, int position);
     void removeStatusItems(const QString& plugin);
     QVector<QWidget*> statusItems() const;
@@ -78,6 +82,7 @@ private:
     StationBar* m_station;
     QSplitter* m_splitter;
     QStackedWidget* m_centre;
+    ButtonStrip* m_buttons;
     PluginArea* m_plugins;
     ProgramEditor* m_program;
     MessageArea* m_messages;

@@ -90,6 +90,8 @@ void SimHost::deleteUntaken(const QList<QPointer<QWidget>>& widgets)
 void SimHost::withdraw(const QString& plugin)
 {
     m_pages.remove(plugin);
+    m_buttons.withdraw(plugin);
+    setModal(plugin, false);
     emit pluginWithdrawn(plugin);
     deleteUntaken(m_given.values(plugin));
 }
@@ -279,16 +281,34 @@ void SimHost::createPhyButtonList(const QString& plugin, const QString& name,
                            tr("%1, %2: first list %3; second list %4; selector \"%5\"")
                                .arg(plugin, name, labels(first).join(separator), labels(second).join(separator),
                                     selector.join(separator)));
+    m_buttons.give({plugin, name, first, second});
 }
 
 void SimHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)
 {
     m_journal->addHostCall(QStringLiteral("ChangePhyButtonStatus"), tr("%1, %2: %3").arg(plugin, name, onOff(on)));
+    if (!m_buttons.setOn(plugin, name, on)) {
+        m_journal->addNotice(tr("warning"), tr("%1 has given no pendant buttons named %2").arg(plugin, name));
+    }
 }
 
 void SimHost::changeModelWindowStatus(const QString& plugin, bool modal)
 {
     m_journal->addHostCall(QStringLiteral("ChangeModelWindowStatus"), tr("%1: modal %2").arg(plugin, onOff(modal)));
+    setModal(plugin, modal);
+}
+
+void SimHost::setModal(const QString& plugin, bool modal)
+{
+    if (isModal(plugin) == modal) {
+        return;
+    }
+    if (modal) {
+        m_modal.insert(plugin);
+    } else {
+        m_modal.remove(plugin);
+    }
+    emit modalChanged(plugin, modal);
 }
 
 int SimHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)

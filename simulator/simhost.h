@@ -3,11 +3,13 @@
 
 #include "pendixhost/host.h"
 
+#include "simulator/buttonlists.h"
 #include "simulator/journal.h"
 #include "simulator/simulatedcontroller.h"
 
 #include <QMap>
 #include <QPointer>
+#include <QSet>
 
 namespace sim
 {
@@ -25,6 +27,11 @@ public:
 
     /// The centre page that a plug-in has given; null if it gave none or it is gone.
     QWidget* page(const QString& plugin) const { return m_pages.value(plugin); }
+
+    /// The plug-ins' pendant buttons.
+    const ButtonLists* buttonLists() const { return &m_buttons; }
+    /// Whether a plug-in has said that a window of its own is open that goes before everything else.
+    bool isModal(const QString& plugin) const { return m_modal.contains(plugin); }
 
     /// Takes back what a plug-in that failed has handed over.
     void withdraw(const QString& plugin);
@@ -72,14 +79,18 @@ signals:
     void statusItemGiven(const QString& plugin, QWidget* item, int position);
     /// A plug-in failed after it had handed something over: its page and status item are to be taken away.
     void pluginWithdrawn(const QString& plugin);
+    void modalChanged(const QString& plugin, bool modal);
 
 private:
+    void setModal(const QString& plugin, bool modal);
     QStringList readList(const QString& subject, const QStringList& names);
     QString readName(const QString& subject, const QString& name);
     static void deleteUntaken(const QList<QPointer<QWidget>>& widgets);
 
     SimulatedController* m_controller;
     Journal* m_journal;
+    ButtonLists m_buttons;
+    QSet<QString> m_modal;
     QMap<QString, QPointer<QWidget>> m_pages;
     QMultiMap<QString, QPointer<QWidget>> m_given; ///< what plug-ins handed over; what has no parent is this host's
 };
