@@ -90,6 +90,21 @@ QString doubleClick(QWidget* widget, const QPoint& place)
     return sendPresses(widget, place, {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick});
 }
 
+QString press(QWidget* widget)
+{
+    const QPoint middle = widget->rect().center();
+    QString reason = obstacle(widget, middle);
+    if (reason.isEmpty()) {
+        sendMouse(widget, middle, QEvent::MouseButtonPress, Qt::LeftButton);
+    }
+    return reason;
+}
+
+void release(QWidget* widget)
+{
+    sendMouse(widget, widget->rect().center(), QEvent::MouseButtonRelease, Qt::NoButton);
+}
+
 void key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text)
 {
     const QPointer<QWidget> target = widget;

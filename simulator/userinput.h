@@ -21,6 +21,10 @@ QString click(QWidget* widget, const QPoint& place);
 /// The same, twice in a row.
 QString doubleClick(QWidget* widget, const QPoint& place);
 
+/// The two halves of a click, for what is held: a finger on the widget's middle, and off again wherever that is now.
+QString press(QWidget* widget);
+void release(QWidget* widget);
+
 /// Presses and releases a key that goes to the widget, if there is one; text is what the key writes.
 void key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
 

@@ -1,6 +1,7 @@
 #include "checks/monkey/hands.h"
 
 #include "checks/support/scramble.h"
+#include "simulator/pendantbutton.h"
 #include "simulator/userinput.h"
 
 #include <QAbstractButton>
@@ -143,6 +144,23 @@ QString useButton(QWidget* widget, Dice& dice)
     return dice.oneIn(8) ? pressSome(widget, {Qt::Key_Space, Qt::Key_Return, Qt::Key_Right}, dice) : click(widget);
 }
 
+/// Holds it for a while, in which anything else may be done.
+QString useHeld(QWidget* widget, Dice& dice)
+{
+    constexpr int kLongestHoldMs = 3000;
+    const QPointer<QWidget> target = widget;
+    const QString obstacle = userinput::press(widget);
+    if (!obstacle.isEmpty()) {
+        return obstacle;
+    }
+    const int ms = dice.below(kLongestHoldMs);
+    userinput::settle(ms);
+    if (target != nullptr) {
+        userinput::release(target);
+    }
+    return QStringLiteral("holds for %1 ms").arg(ms);
+}
+
 QString useCustom(QWidget* widget, Dice& dice)
 {
     const QPoint place(dice.below(qMax(1, widget->width())), dice.below(qMax(1, widget->height())));
@@ -169,9 +187,11 @@ struct KindRow {
 };
 
 constexpr KindRow kKinds[] = {
-    {isA<QAbstractButton>, useButton},     {isA<QAbstractSpinBox>, useSpinBox}, {isA<QComboBox>, useComboBox},
-    {isA<QLineEdit>, useLineEdit},         {isA<QPlainTextEdit>, useLineEdit},  {isA<QTextEdit>, useLineEdit},
-    {isA<QAbstractItemView>, useItemView}, {isA<QTabBar>, useTabBar},           {isCustom, useCustom},
+    {isA<QAbstractButton>, useButton},     {isA<QAbstractSpinBox>, useSpinBox},
+    {isA<QComboBox>, useComboBox},         {isA<QLineEdit>, useLineEdit},
+    {isA<QPlainTextEdit>, useLineEdit},    {isA<QTextEdit>, useLineEdit},
+    {isA<QAbstractItemView>, useItemView}, {isA<QTabBar>, useTabBar},
+    {isA<PendantButton>, useHeld},         {isCustom, useCustom},
 };
 
 const KindRow* kindOf(const QWidget* widget)

@@ -99,6 +99,7 @@ Orders readOrders()
 void work(const Orders& orders, Cell cell, Logbook* logbook)
 {
     SimulatedController controller(std::move(cell));
+    controller.setClock([] { return VirtualTime::instance()->now(); });
     Journal journal;
     WatchedHost host(&controller, &journal, logbook);
     PluginLoader loader(&host);
