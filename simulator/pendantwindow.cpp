@@ -5,6 +5,7 @@
 #include "simulator/framefont.h"
 #include "simulator/journalview.h"
 #include "simulator/messagearea.h"
+#include "simulator/monitorowner.h"
 #include "simulator/nodespanel.h"
 #include "simulator/noticebar.h"
 #include "simulator/pluginarea.h"
@@ -75,6 +76,7 @@ PendantWindow::PendantWindow(SimulatedController* controller, Journal* journal, 
       m_centre(new QStackedWidget(this)),
       m_buttons(new ButtonStrip(host->buttonLists(), this)),
       m_plugins(new PluginArea(host, this)),
+      m_monitor(new MonitorOwner(controller, host, this)),
       m_program(new ProgramEditor(controller, this)),
       m_messages(new MessageArea(this)),
       m_notices(new NoticeBar(this)),
@@ -236,6 +238,7 @@ void PendantWindow::addPlugin(const LoadResult& result)
         m_journal->addNotice({}, remark);
     }
     m_plugins->add(result);
+    m_monitor->take(result);
     if (result.bringsInstructions) {
         // Otherwise what is being typed there stays: a plug-in may come late.
         m_program->readRegistry();

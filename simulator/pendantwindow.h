@@ -16,6 +16,7 @@ namespace sim
 
 class ButtonStrip;
 class MessageArea;
+class MonitorOwner;
 class NoticeBar;
 class PluginArea;
 class ProgramEditor;
@@ -84,6 +85,7 @@ private:
     QStackedWidget* m_centre;
     ButtonStrip* m_buttons;
     PluginArea* m_plugins;
+    MonitorOwner* m_monitor;
     ProgramEditor* m_program;
     MessageArea* m_messages;
     NoticeBar* m_notices;

@@ -136,6 +136,18 @@ QJsonValue SimHost::getVexaServiceData(const QString& name)
 void SimHost::disconnectVexaServiceData(const QString& plugin, const QString& data, const QString& extra)
 {
     m_journal->addHostCall(QStringLiteral("disconnectVexaServiceData"), tr("%1: %2 %3").arg(plugin, data, extra));
+    m_subscriptions.remove({plugin, data});
+}
+
+void SimHost::subscribe(const QString& plugin, const QString& data)
+{
+    m_journal->addNotice({}, tr("%1 is subscribed to %2").arg(plugin, data));
+    m_subscriptions.insert({plugin, data});
+}
+
+bool SimHost::isSubscribed(const QString& plugin, const QString& data) const
+{
+    return m_subscriptions.contains({plugin, data});
 }
 
 QJsonValue SimHost::getNodeData(const QString& name)

@@ -28,10 +28,14 @@ public:
     /// The centre page that a plug-in has given; null if it gave none or it is gone.
     QWidget* page(const QString& plugin) const { return m_pages.value(plugin); }
 
-    /// The plug-ins' pendant buttons.
-    const ButtonLists* buttonLists() const { return &m_buttons; }
+    /// All pendant buttons: the plug-ins' and the pendant's own.
+    ButtonLists* buttonLists() { return &m_buttons; }
     /// Whether a plug-in has said that a window of its own is open that goes before everything else.
     bool isModal(const QString& plugin) const { return m_modal.contains(plugin); }
+
+    /// Subscribes a plug-in to live data of the controller, until it ends that with disconnectVexaServiceData.
+    void subscribe(const QString& plugin, const QString& data);
+    bool isSubscribed(const QString& plugin, const QString& data) const;
 
     /// Takes back what a plug-in that failed has handed over.
     void withdraw(const QString& plugin);
@@ -91,6 +95,7 @@ private:
     Journal* m_journal;
     ButtonLists m_buttons;
     QSet<QString> m_modal;
+    QSet<QPair<QString, QString>> m_subscriptions; ///< plug-in and name of the data
     QMap<QString, QPointer<QWidget>> m_pages;
     QMultiMap<QString, QPointer<QWidget>> m_given; ///< what plug-ins handed over; what has no parent is this host's
 };
