@@ -26,7 +26,7 @@ constexpr double kFullCircle = 360;
 constexpr int kRequiredNames = 3;
 constexpr int kCircleNumbers = 2;
 /// In characters: what a list needs at least. It takes all the room there is.
-constexpr int kListLength = 8;
+constexpr int kListLength = 14;
 
 /// Selects the item of that text, case-sensitive. False, with nothing changed, when there is none.
 bool select(QComboBox* box, const QString& text)
