@@ -38,6 +38,8 @@ TemplateEditor::TemplateEditor(const InstructionTemplate& instruction, QWidget* 
 {
     auto* rows = new QFormLayout;
     rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    // On a dense screen a long label takes a line of its own.
+    rows->setRowWrapPolicy(QFormLayout::WrapLongRows);
     for (const TemplateField& field : m_template.fields()) {
         const Input input = createInput(field);
         m_inputs.append(input);
