@@ -4,6 +4,7 @@
 #include "simulator/exitcodes.h"
 #include "simulator/options.h"
 #include "simulator/pendantwindow.h"
+#include "simulator/shots.h"
 #include "simulator/statefile.h"
 #include "simulator/tour.h"
 
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QSaveFile>
+#include <QScreen>
 #include <QTemporaryFile>
 #include <QTimer>
 #include <QTranslator>
@@ -25,6 +27,8 @@ using namespace sim;
 
 namespace
 {
+
+const QString kFontZoom = QStringLiteral("brisel.fontzoom"); ///< a host setting
 
 void print(std::FILE* stream, const QString& text)
 {
@@ -71,18 +75,22 @@ void setScreen(const Options& options)
 /// With no display there is nobody to work the window: the tour does.
 void chooseDisplay(int argc, char* argv[], Options* options)
 {
-    const bool needsDisplay = options->checkFile.isEmpty() && options->tourFolder.isEmpty();
+    const bool needsDisplay =
+        options->checkFile.isEmpty() && options->tourFolder.isEmpty() && options->shotsFolder.isEmpty();
     if (needsDisplay && !canShowWindows(argc, argv)) {
         options->tourFolder = QStringLiteral("./pendant-tour");
         // The tour looks for English texts.
         options->language = QStringLiteral("en");
         print(stdout, QStringLiteral("pendant: no display; running the tour into %1").arg(options->tourFolder));
     }
-    if (!options->tourFolder.isEmpty() && !options->stateFile.isEmpty()) {
-        print(stdout, QStringLiteral("pendant: the tour neither reads nor writes %1").arg(options->stateFile));
+    const bool isScripted = !options->tourFolder.isEmpty() || !options->shotsFolder.isEmpty();
+    if (isScripted && !options->stateFile.isEmpty()) {
+        print(stdout, QStringLiteral("pendant: %1 neither reads nor writes %2")
+                          .arg(options->shotsFolder.isEmpty() ? QStringLiteral("the tour") : QStringLiteral("--shots"),
+                               options->stateFile));
         options->stateFile.clear();
     }
-    if (!options->tourFolder.isEmpty() || !options->checkFile.isEmpty()) {
+    if (isScripted || !options->checkFile.isEmpty()) {
         // 96: the density at which the pages are designed; this platform's own default is another.
         for (const auto& [name, value] : {std::pair("QT_QPA_PLATFORM", "offscreen"), std::pair("QT_FONT_DPI", "96")}) {
             if (qEnvironmentVariableIsEmpty(name)) {
@@ -140,10 +148,6 @@ bool isWritableFolder(const QString& folder)
 
 int runTour(PendantWindow* window, SimulatedController* controller, const Journal* journal, const QString& folder)
 {
-    if (!isWritableFolder(folder)) {
-        print(stderr, QStringLiteral("pendant: nothing can be written to the folder %1").arg(folder));
-        return ExitBadInput;
-    }
     Tour tour(window, controller, journal, QDir(folder));
     return tour.run() == 0 ? ExitOk : ExitTourFailed;
 }
@@ -166,8 +170,14 @@ LoadResult loadPlugin(const QString& file, PluginLoader* loader)
     return result;
 }
 
-void loadPlugins(const Options& options, PluginLoader* loader, PendantWindow* window)
+/// Names of the plug-ins that the libraries hold, but for those that are to come later.
+QStringList loadPlugins(const Options& options, PluginLoader* loader, PendantWindow* window)
 {
+    QStringList names;
+    const auto add = [&](const LoadResult& result) {
+        window->addPlugin(result);
+        names += result.names;
+    };
     const QString tracking = trackingPlugin(options);
     const bool isLate = options.trackingDelay > 0;
     // The others may ask for its widget as soon as they start. Its page stands behind theirs all the same.
@@ -176,22 +186,37 @@ void loadPlugins(const Options& options, PluginLoader* loader, PendantWindow* wi
         sibling = loadPlugin(tracking, loader);
     }
     for (const QString& file : options.plugins) {
-        window->addPlugin(loadPlugin(file, loader));
+        add(loadPlugin(file, loader));
     }
     if (sibling) {
-        window->addPlugin(*sibling);
+        add(*sibling);
     }
     if (!tracking.isEmpty() && isLate) {
         // The window is the timer's context: once it is gone nothing is loaded any more.
         QTimer::singleShot(qRound(options.trackingDelay * 1000), window,
                            [=] { window->addPlugin(loadPlugin(tracking, loader)); });
     }
+    return names;
+}
+
+int runShots(PendantWindow* window, SimHost* host, const SimulatedController& controller, const Options& options,
+             const QStringList& plugins)
+{
+    const int dpi = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInch());
+    const double zoom = controller.fontZoom();
+    Shots shots(window, host, {options.language, dpi, zoom}, QDir(options.shotsFolder));
+    return shots.run(plugins) == 0 ? ExitOk : ExitShotsFailed;
 }
 
 int runWindow(const Options& options, SimulatedController* controller, Journal* journal, SimHost* host)
 {
-    if (!options.tourFolder.isEmpty()) {
-        // The same tour makes the same pictures.
+    const QString pictures = options.shotsFolder.isEmpty() ? options.tourFolder : options.shotsFolder;
+    if (!pictures.isEmpty()) {
+        if (!isWritableFolder(pictures)) {
+            print(stderr, QStringLiteral("pendant: nothing can be written to the folder %1").arg(pictures));
+            return ExitBadInput;
+        }
+        // The same run makes the same pictures.
         stopClock();
     }
     // The window goes before the plug-in objects: it owns their pages.
@@ -201,11 +226,14 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
     if (!options.stateFile.isEmpty()) {
         window.keepState(options.stateFile);
     }
-    loadPlugins(options, &loader, &window);
+    const QStringList plugins = loadPlugins(options, &loader, &window);
     // The plug-ins are there: the connection to the controller comes up.
     host->announceConnection();
     if (!options.tourFolder.isEmpty()) {
         return runTour(&window, controller, journal, options.tourFolder);
+    }
+    if (!options.shotsFolder.isEmpty()) {
+        return runShots(&window, host, *controller, options, names);
     }
     window.show();
     return QApplication::exec();

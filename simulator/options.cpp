@@ -67,8 +67,8 @@ struct OptionSet {
 QString helpText(const QCommandLineParser& parser)
 {
     return parser.helpText() +
-           tr("\nExit codes: 0 all went well, 1 a step of the tour failed, 2 bad options or a refused cell or\n"
-              "state file. With --check:\n") +
+           tr("\nExit codes: 0 all went well, 1 a step of the tour or the check of a layout failed, 2 bad\n"
+              "options or a refused cell or state file. With --check:\n") +
            loadFaultTable() +
            tr("\nWithout a display that can be reached the program runs the tour into ./pendant-tour. The tour\n"
               "starts from the cell, sets level and power itself, leaves a state file alone and speaks\n"

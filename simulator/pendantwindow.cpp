@@ -148,6 +148,13 @@ void PendantWindow::fitInto(const QSize& available)
     resize(size);
 }
 
+void PendantWindow::showAlone(int screenWidth)
+{
+    m_station->setInspectorShown(false);
+    layout()->activate();
+    resize(screenWidth + (m_buttons->isHidden() ? 0 : m_buttons->width()), kHeight);
+}
+
 void PendantWindow::shareWidth(int width)
 {
     const bool isNarrow = width - (m_buttons->isHidden() ? 0 : m_buttons->width()) < kNarrow;

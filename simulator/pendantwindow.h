@@ -40,6 +40,9 @@ public:
     /// first, so that the page has the whole width, and narrower when it is shown.
     void fitInto(const QSize& available);
 
+    /// Shows the pendant without the inspector, its screen as wide as given (pixels) and its buttons beside it.
+    void showAlone(int screenWidth);
+
     /// Shows the pages of a loaded plug-in, or why it did not load.
     void addPlugin(const LoadResult& result);
 

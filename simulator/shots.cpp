@@ -1,0 +1,204 @@
+#include "simulator/shots.h"
+
+#include "simulator/layoutcheck.h"
+#include "simulator/program/editorframe.h"
+#include "simulator/program/programeditor.h"
+#include "simulator/userinput.h"
+
+#include <QDialog>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QToolButton>
+
+namespace sim
+{
+
+namespace
+{
+
+/// A pendant's screen; its buttons stand beside it.
+constexpr int kScreenWidth = 1280;
+constexpr int kLayoutPasses = 10;
+/// Longer than the slide of a switch, so that a picture shows it at rest; only the picture depends on it.
+constexpr int kSlideMs = 350;
+
+void settle()
+{
+    // What a layout posts may make others post again.
+    for (int pass = 0; pass < kLayoutPasses; ++pass) {
+        QCoreApplication::processEvents();
+    }
+}
+
+/// Lines that open what an editor shows only when it is needed.
+constexpr struct {
+    const char* instruction;
+    const char* line;
+} kFullLines[] = {
+    {"LsMoveL", "LsMoveL(RelTool(p1,-123.456,0,25,-180,90,45.5), v2000, fine, weld_head_long, table_right);"},
+    {"LsMoveC", "LsMoveC(RelTool(p1,-123.456,0,25,-180,90,45.5), Offs(p2,1,2,-300.5), v2000, z100, weld_head_long, "
+                "table_right);"},
+    {"LsMoveCF", "LsMoveCF(RelTool(p1,-123.456,0,25,-180,90,45.5), Offs(p2,1,2,-300.5), 3600, \"ConstPose\", v2000, "
+                 "z100, weld_head_long, table_right);"},
+    {"LaserOn", "LaserOn(\"LsData4\", 250);"},
+};
+
+QString fullLine(const pendix::RlInstruction& instruction)
+{
+    for (const auto& row : kFullLines) {
+        if (instruction.name == QLatin1String(row.instruction)) {
+            return QLatin1String(row.line);
+        }
+    }
+    return instruction.defaultLine;
+}
+
+/// A name of the code as part of a file name: "WeldSettingPage" becomes "weld-setting-page".
+QString fileWord(const QString& name)
+{
+    QString word;
+    for (const QChar letter : name) {
+        if (letter.isUpper() && !word.isEmpty() && word.back().isLower()) {
+            word += QLatin1Char('-');
+        }
+        word += letter.isLetterOrNumber() ? letter : QLatin1Char('-');
+    }
+    return word.toLower();
+}
+
+} // namespace
+
+struct Shots::Pane {
+    int place; ///< among the tabs of the program editor
+    const char* role;
+};
+
+const Shots::Pane Shots::kPanes[] = {{0, "insert"}, {1, "change"}};
+
+Shots::Shots(PendantWindow* window, SimHost* host, const Look& look, const QDir& folder)
+    : m_window(window), m_host(host), m_look(look), m_folder(folder), m_out(stdout)
+{
+}
+
+int Shots::run(const QStringList& plugins)
+{
+    m_window->showAlone(kScreenWidth);
+    m_window->show();
+    for (const QString& plugin : plugins) {
+        if (QWidget* page = m_host->page(plugin)) {
+            shootPage(page, plugin);
+        }
+    }
+    shootStatusItems();
+    shootButtons();
+    shootEditors();
+    if (m_pictures == 0) {
+        complain(tr("nothing"), tr("there is no page and no editor to take a picture of"));
+    }
+    m_out << tr("%1 pictures, %2 layout faults\n").arg(m_pictures).arg(m_faults);
+    m_out.flush();
+    return m_faults;
+}
+
+void Shots::shootPage(QWidget* page, const QString& plugin)
+{
+    m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"))->setCurrentWidget(page);
+    settle();
+    const auto* navigation = page->findChild<QWidget*>(QStringLiteral("wgtNav"));
+    const auto* stack = page->findChild<QStackedWidget*>();
+    if (navigation == nullptr || stack == nullptr) {
+        shoot(page, fileWord(plugin));
+        return;
+    }
+    for (QToolButton* button : navigation->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QString obstacle = userinput::click(button);
+        const QString name = fileWord(QString::fromLatin1(stack->currentWidget()->metaObject()->className()));
+        if (!obstacle.isEmpty()) {
+            complain(name, tr("the button \"%1\": %2").arg(button->text(), obstacle));
+        }
+        userinput::settle(kSlideMs);
+        shoot(page, name);
+    }
+}
+
+void Shots::shootStatusItems()
+{
+    const auto* line = m_window->findChild<QWidget*>(QStringLiteral("statusLine"));
+    for (QWidget* item : line->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QString plugin = item->property("statusOwner").toString();
+        if (!plugin.isEmpty()) {
+            shoot(item, QStringLiteral("status-") + fileWord(plugin));
+        }
+    }
+}
+
+void Shots::shootButtons()
+{
+    auto* strip = m_window->findChild<QWidget*>(QStringLiteral("buttonStrip"));
+    if (strip == nullptr || strip->isHidden()) {
+        return;
+    }
+    shoot(strip, QStringLiteral("pendant-buttons"));
+    QWidget* monitor = strip->findChild<QWidget*>(QStringLiteral("pendantButton_pendant_1_1"));
+    if (monitor == nullptr) {
+        return;
+    }
+    const QString obstacle = userinput::click(monitor);
+    const QList<QDialog*> dialogs = m_window->findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly);
+    if (!obstacle.isEmpty() || dialogs.isEmpty()) {
+        complain(QStringLiteral("monitor"), tr("the dialog does not open. %1").arg(obstacle));
+        return;
+    }
+    shoot(dialogs.first(), QStringLiteral("monitor"));
+    dialogs.first()->close();
+}
+
+void Shots::shootEditors()
+{
+    m_window->showProgram(true);
+    for (const pendix::RlInstruction& instruction : pendix::RlRegistry::instance().instructions()) {
+        for (const Pane& pane : kPanes) {
+            const QString name = fileWord(instruction.name) + QLatin1Char('-') + QLatin1String(pane.role);
+            EditorFrame* frame = openEditor(pane, instruction);
+            if (frame->editor() == nullptr) {
+                complain(name, tr("there is no editor"));
+                continue;
+            }
+            shoot(frame, name);
+        }
+    }
+}
+
+EditorFrame* Shots::openEditor(const Pane& pane, const pendix::RlInstruction& instruction)
+{
+    ProgramEditor* editor = m_window->programEditor();
+    auto* panes = editor->findChild<QTabWidget*>(QStringLiteral("programPanes"));
+    panes->setCurrentIndex(pane.place);
+    editor->insertPane()->pick(instruction.name);
+    editor->program()->load({fullLine(instruction)});
+    editor->selectRow(0);
+    return panes->currentWidget()->findChild<EditorFrame*>();
+}
+
+void Shots::shoot(QWidget* widget, const QString& name)
+{
+    settle();
+    for (const LayoutFault& fault : layoutFaults(widget)) {
+        complain(name, fault.words);
+    }
+    const QString file = QStringLiteral("%1_%2_%3dpi_z%4.png")
+                             .arg(name, m_look.language, QString::number(m_look.dpi), QString::number(m_look.zoom));
+    if (!widget->grab().save(m_folder.filePath(file))) {
+        complain(name, tr("the picture %1 can't be written").arg(file));
+    }
+    ++m_pictures;
+}
+
+void Shots::complain(const QString& name, const QString& words)
+{
+    ++m_faults;
+    m_out << QStringLiteral("%1 %2 dpi zoom %3: %4: %5\n")
+                 .arg(m_look.language, QString::number(m_look.dpi), QString::number(m_look.zoom), name, words);
+}
+
+} // namespace sim

@@ -1,0 +1,60 @@
+#ifndef SIMULATOR_SHOTS_H
+#define SIMULATOR_SHOTS_H
+
+#include "simulator/pendantwindow.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTextStream>
+
+namespace sim
+{
+
+class EditorFrame;
+
+/// Takes a picture of every page, status item and instruction editor of the loaded plug-ins, of the pendant buttons and
+/// the monitor, each at the size that it has beside or on a screen of 1280 pixels, and checks their layout. A denser
+/// screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and zoom: Qt reads a
+/// density once, and plug-ins read language and zoom when they are built.
+class Shots
+{
+    Q_DECLARE_TR_FUNCTIONS(sim::Shots)
+
+public:
+    /// What the pictures show; stands in their names ("weld-setting-page_zh_144dpi_z1.25.png") and before each fault.
+    struct Look {
+        QString language;
+        int dpi;
+        double zoom;
+    };
+
+    /// folder must exist.
+    Shots(PendantWindow* window, SimHost* host, const Look& look, const QDir& folder);
+
+    /// Takes the pictures of these plug-ins, prints one line per fault and returns how many there are.
+    int run(const QStringList& plugins);
+
+private:
+    struct Pane;
+    static const Pane kPanes[];
+
+    void shootPage(QWidget* page, const QString& plugin);
+    void shootStatusItems();
+    void shootButtons(); ///< and the monitor that one of them opens
+    void shootEditors();
+    EditorFrame* openEditor(const Pane& pane, const pendix::RlInstruction& instruction);
+    void shoot(QWidget* widget, const QString& name);
+    void complain(const QString& name, const QString& words);
+
+    PendantWindow* m_window;
+    SimHost* m_host;
+    Look m_look;
+    QDir m_folder;
+    QTextStream m_out;
+    int m_pictures = 0;
+    int m_faults = 0;
+};
+
+} // namespace sim
+
+#endif
