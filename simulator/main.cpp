@@ -233,7 +233,7 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
         return runTour(&window, controller, journal, options.tourFolder);
     }
     if (!options.shotsFolder.isEmpty()) {
-        return runShots(&window, host, *controller, options, names);
+        return runShots(&window, host, *controller, options, plugins);
     }
     window.show();
     return QApplication::exec();
