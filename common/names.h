@@ -1,7 +1,8 @@
 #ifndef COMMON_NAMES_H
 #define COMMON_NAMES_H
 
-/// Names agreed with the host and the controller's welding service.
+/// Names agreed with the host and the controller's welding service. What goes over the line is a record that says
+/// what the name carries: docs/integrator-guide.md and the schemas beside it are made from these records.
 namespace names
 {
 
@@ -13,22 +14,90 @@ constexpr char kTrackingPlugin[] = "Mirolt";
 
 namespace node
 {
-constexpr char kWeldSetting[] = "weld_setting_config";
-constexpr char kVirtualWelding[] = "laser_weld_data.virtual_welding_status";
-constexpr char kRedLight[] = "laser_weld_data.weld_redlight_status";
-constexpr char kMonitorData[] = "weld_monitor_data";
+
+enum class Content {
+    Object, ///< a configuration node, whole
+    Boolean,
+    Stream ///< not read, only unsubscribed from
+};
+
+/// Something that the welding service publishes. Stands for its name wherever a name is asked for.
+struct Node {
+    const char* name;
+    Content content;
+    const char* use; ///< who reads it when, and what a missing value means
+
+    constexpr operator const char*() const { return name; }
+};
+
+inline constexpr Node kWeldSetting = {
+    "weld_setting_config", Content::Object,
+    "\"Weld Setup\", whenever it is shown and on \"Cancel\". Missing or no object: the "
+    "form keeps its values"};
+inline constexpr Node kVirtualWelding = {"laser_weld_data.virtual_welding_status", Content::Boolean,
+                                         "status picture, after every (re)connection; pendant button \"Work mode\". "
+                                         "Missing: false, real welding"};
+inline constexpr Node kRedLight = {"laser_weld_data.weld_redlight_status", Content::Boolean,
+                                   "pendant button \"Red Light\". Missing: false, the light is off"};
+inline constexpr Node kMonitorData = {"weld_monitor_data", Content::Stream,
+                                      "the monitor ends the subscription when it is closed; who opens it subscribes"};
+
+inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLight, &kMonitorData};
+
 } // namespace node
 
 namespace command
 {
-constexpr char kSetWeldSetting[] = "set_weld_setting_config";
-constexpr char kSetWeldEnable[] = "set_weld_enable";
-constexpr char kSetVirtualWelding[] = "set_virtual_welding";
-constexpr char kFeedWire[] = "set_weld_feed_wire";
-constexpr char kRetractWire[] = "set_weld_retract_wire";
-constexpr char kManualGas[] = "set_weld_manual_gas";
-constexpr char kRedLight[] = "set_weld_red_light";
-constexpr char kMonitor[] = "start_laserweld_monitor";
+
+/// What a command carries.
+enum class Argument {
+    Node, ///< a configuration node, whole
+    Boolean,
+    True,  ///< never anything else
+    False, ///< never anything else
+    Word   ///< the text "TRUE" or "FALSE", handed over beside the name instead of in a command object
+};
+
+/// How the "return" of a command's answer is read.
+enum class Answer {
+    Code,    ///< number, 0: done; no whole number counts as 0; no answer is only logged
+    AnyCode, ///< the same, also as text or boolean, and no answer counts as 0
+    Done,    ///< boolean, true: done; anything else, also no answer: refused
+    Ignored
+};
+
+/// A command of the welding service. Stands for its name wherever a name is asked for.
+struct Command {
+    const char* name;
+    Argument argument;
+    Answer answer;
+    const char* sender;   ///< class whose object is the host call's sender
+    const char* occasion; ///< what makes it be sent
+
+    constexpr operator const char*() const { return name; }
+};
+
+inline constexpr Command kSetWeldSetting = {"set_weld_setting_config", Argument::Node, Answer::Code, "WeldSettingPage",
+                                            "\"Save\" on \"Weld Setup\"; once more, and then without regard to the "
+                                            "answer, when welding has been enabled"};
+inline constexpr Command kSetWeldEnable = {"set_weld_enable", Argument::Word, Answer::Done, "WeldSettingPage",
+                                           "main switch of \"Weld Setup\"; the answer to \"FALSE\" is ignored"};
+inline constexpr Command kSetVirtualWelding = {"set_virtual_welding", Argument::Boolean, Answer::AnyCode,
+                                               "pendix::Corvane", "\"Work mode\" pressed; the opposite of what is"};
+inline constexpr Command kFeedWire = {"set_weld_feed_wire", Argument::Boolean, Answer::Code, "pendix::Corvane",
+                                      "\"Wiring\" pressed (true) and released (false)"};
+inline constexpr Command kRetractWire = {"set_weld_retract_wire", Argument::Boolean, Answer::Code, "pendix::Corvane",
+                                         "\"Retract Wire\" pressed (true) and released (false)"};
+inline constexpr Command kManualGas = {"set_weld_manual_gas", Argument::True, Answer::Code, "pendix::Corvane",
+                                       "\"ProtectGas\" pressed"};
+inline constexpr Command kRedLight = {"set_weld_red_light", Argument::Boolean, Answer::Ignored, "pendix::Corvane",
+                                      "\"Red Light\" pressed; the opposite of what is"};
+inline constexpr Command kMonitor = {"start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
+                                     "the monitor is closed; true, which starts the stream, is for who opens it"};
+
+inline constexpr const Command* kAll[] = {&kSetWeldSetting, &kSetWeldEnable, &kSetVirtualWelding, &kFeedWire,
+                                          &kRetractWire,    &kManualGas,     &kRedLight,          &kMonitor};
+
 } // namespace command
 
 namespace setting
