@@ -61,7 +61,7 @@ enum class Argument {
 /// How the "return" of a command's answer is read.
 enum class Answer {
     Code,    ///< number, 0: done; no whole number counts as 0; no answer is only logged
-    AnyCode, ///< the same, also as text or boolean, and no answer counts as 0
+    AnyCode, ///< the same, but a text or a boolean is read too, and no answer counts as 0
     Done,    ///< boolean, true: done; anything else, also no answer: refused
     Ignored
 };

@@ -1,0 +1,12 @@
+# Fails, with the differences, unless the guide and the schemas in DOCS are what GENERATOR makes of them in MADE.
+file(MAKE_DIRECTORY "${MADE}")
+execute_process(COMMAND ${EMULATOR} "${GENERATOR}" "${DOCS}" "${MADE}" RESULT_VARIABLE code)
+if(NOT code EQUAL 0)
+  message(FATAL_ERROR "nothing was generated")
+endif()
+foreach(part integrator-guide.md schema)
+  execute_process(COMMAND diff -ru "${DOCS}/${part}" "${MADE}/${part}" RESULT_VARIABLE code)
+  if(NOT code EQUAL 0)
+    message(SEND_ERROR "docs/${part} is not up to date: cmake --build build/debug --target docs_generate")
+  endif()
+endforeach()
