@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# What compilers and tests don't see: format, clang-tidy, connections by name, who may include whom, the
-# scripts. Every part has its say, whatever the others find.
+# What compilers and tests don't see: format, clang-tidy, connections by name, who may include whom, what
+# the documents name, the scripts. Every part has its say, whatever the others find.
 need git clang clang-format clang-tidy python3 shellcheck "${bench_packages[@]}"
 cd "$root"
 # The checkout may belong to another user than the one who runs the checks, root in a container for one.
@@ -49,6 +49,10 @@ check_arrows() {
     python3 checks/lint/arrows.py
 }
 
+check_docs() {
+    python3 checks/lint/docs.py
+}
+
 check_scripts() {
     local script scripts python standalone=() sourced=() status=0
     mapfile -d '' scripts < <(project_files dev .ci/run '*.sh')
@@ -66,7 +70,7 @@ check_scripts() {
 }
 
 figures=() failed=()
-for part in format connects arrows scripts tidy; do
+for part in format connects arrows docs scripts tidy; do
     if figure=$("check_$part"); then figures+=("$figure"); else failed+=("$part"); fi
 done
 if [ ${#failed[@]} -gt 0 ]; then

@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""What README.md and docs/*.md name must be there: every path of the project in backticks, every relative link.
+
+A path may leave out the ending (`rl/motioneditor`), list several (`page/weldsettingpage.{h,cpp,ui}`) or hold a "*".
+A name without its folder, or with the last of its folders only, counts if any file has it.
+"""
+
+import fnmatch
+import posixpath
+import re
+import sys
+
+from sources import line_of, project_files, read
+
+CODE_BLOCK = re.compile(r"^(?:```.*?^```|(?: {4}|\t)[^\n]*)", re.DOTALL | re.MULTILINE)
+COMMENT = re.compile(r"<!--.*?-->", re.DOTALL)
+BACKTICKS = re.compile(r"`([^`\n]+)`")
+LINK = re.compile(r"\]\(([^)\s]+)\)")
+FILE = re.compile(r"[\w.*{},/-]+\.(?:cpp|h|ui|qrc|ts|svg|png|json|md|py|sh|cmake|supp|txt)")
+HEADING = re.compile(r"^#+ +(.*)$", re.MULTILINE)
+
+
+def blanked(match):
+    return re.sub(r"[^\n]", " ", match.group())
+
+
+def alternatives(path):
+    """a.{h,cpp} as a.h and a.cpp."""
+    braces = re.search(r"\{([^{}]*)\}", path)
+    if not braces:
+        return [path]
+    return [one for part in braces[1].split(",")
+            for one in alternatives(path[:braces.start()] + part.strip() + path[braces.end():])]
+
+
+def anchors(text):
+    """The names under which a page's headings can be linked to."""
+    headings = HEADING.findall(CODE_BLOCK.sub(blanked, text))
+    return {re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-") for heading in headings}
+
+
+class Project:
+    def __init__(self):
+        self.files = set(project_files())
+        self.folders = set()
+        for name in self.files:
+            while name := posixpath.dirname(name):
+                self.folders.add(name)
+        self.known = self.files | self.folders
+        self.top = {name.split("/")[0] for name in self.files}
+
+    def is_meant(self, word):
+        """Whether a word in backticks is meant as a path of the project."""
+        if not re.fullmatch(r"[\w.*{},/-]+", word) or word.startswith("/"):
+            return False
+        first, *rest = word.split("/")
+        return bool(FILE.fullmatch(word)) or bool(rest and first in self.top)
+
+    def has(self, path):
+        path = path.rstrip("/")
+        # What does not begin at the top may begin anywhere.
+        patterns = [path] if path.split("/")[0] in self.top else [path, f"*/{path}"]
+        return any(fnmatch.fnmatchcase(known, pattern + ending)
+                   for pattern in patterns for ending in ("", ".h", ".cpp") for known in self.known)
+
+
+def check_paths(name, text, project, failures):
+    """Returns how many paths there are."""
+    count = 0
+    for match in BACKTICKS.finditer(text):
+        word = match[1].removeprefix("./")
+        if not project.is_meant(word):
+            continue
+        for path in alternatives(word):
+            count += 1
+            if not project.has(path):
+                failures.append(f"{name}:{line_of(text, match.start())}: there is no {path}")
+    return count
+
+
+def check_links(name, text, project, failures):
+    """Returns how many links within the project there are."""
+    count = 0
+    for match in LINK.finditer(text):
+        if re.match(r"[a-z]+:", match[1]):
+            continue
+        count += 1
+        path, _, anchor = match[1].partition("#")
+        target = posixpath.normpath(posixpath.join(posixpath.dirname(name), path)) if path else name
+        is_there = target in project.files or target in project.folders
+        if is_there and anchor and target.endswith(".md"):
+            is_there = anchor in anchors(read(target))
+        if not is_there:
+            failures.append(f"{name}:{line_of(text, match.start())}: the link {match[1]} leads nowhere")
+    return count
+
+
+def main():
+    project, failures, count = Project(), [], 0
+    pages = [name for name in sorted(project.files) if re.fullmatch(r"README\.md|docs/[^/]+\.md", name)]
+    for name in pages:
+        text = COMMENT.sub(blanked, CODE_BLOCK.sub(blanked, read(name)))
+        count += check_paths(name, text, project, failures) + check_links(name, text, project, failures)
+    print(*failures, sep="\n", end="\n" if failures else "", file=sys.stderr)
+    if not failures:
+        print(f"{count} paths and links in {len(pages)} documents")
+    return 1 if failures else 0
+
+
+sys.exit(main())
