@@ -18,7 +18,7 @@ namespace node
 enum class Content {
     Object, ///< a configuration node, whole
     Boolean,
-    Stream ///< not read, only unsubscribed from
+    Stream ///< not read: who subscribed to it hands its values on, and the package ends the subscription
 };
 
 /// Something that the welding service publishes. Stands for its name wherever a name is asked for.
@@ -39,12 +39,25 @@ inline constexpr Node kVirtualWelding = {"laser_weld_data.virtual_welding_status
                                          "Missing: false, real welding"};
 inline constexpr Node kRedLight = {"laser_weld_data.weld_redlight_status", Content::Boolean,
                                    "pendant button \"Red Light\". Missing: false, the light is off"};
-inline constexpr Node kMonitorData = {"weld_monitor_data", Content::Stream,
-                                      "the monitor ends the subscription when it is closed; who opens it subscribes"};
+inline constexpr Node kMonitorData = {
+    "weld_monitor_data", Content::Stream,
+    "the monitor, from whoever opened it; the monitor ends the subscription when it is closed"};
 
 inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLight, &kMonitorData};
 
 } // namespace node
+
+/// Members of a set of values of "weld_monitor_data".
+namespace monitor
+{
+constexpr char kPower[] = "get_laser_power";
+constexpr char kFrequency[] = "get_laser_frequency";
+constexpr char kDutyCycle[] = "get_laser_dutycycle";
+constexpr char kWireSpeed[] = "get_laser_wirespeed";
+constexpr char kWeldSpeed[] = "get_laser_weldspeed";
+
+inline constexpr const char* kAll[] = {kPower, kFrequency, kDutyCycle, kWireSpeed, kWeldSpeed};
+} // namespace monitor
 
 namespace command
 {

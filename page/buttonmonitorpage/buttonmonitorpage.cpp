@@ -22,11 +22,11 @@ struct ValueRow {
 };
 
 constexpr ValueRow kValues[] = {
-    {"get_laser_power", &Ui::ButtonMonitorPage::doubleSpinBox_Power},
-    {"get_laser_frequency", &Ui::ButtonMonitorPage::doubleSpinBox_Frequency},
-    {"get_laser_dutycycle", &Ui::ButtonMonitorPage::doubleSpinBox_3},
-    {"get_laser_wirespeed", &Ui::ButtonMonitorPage::doubleSpinBox_4},
-    {"get_laser_weldspeed", &Ui::ButtonMonitorPage::doubleSpinBox_5},
+    {names::monitor::kPower, &Ui::ButtonMonitorPage::doubleSpinBox_Power},
+    {names::monitor::kFrequency, &Ui::ButtonMonitorPage::doubleSpinBox_Frequency},
+    {names::monitor::kDutyCycle, &Ui::ButtonMonitorPage::doubleSpinBox_3},
+    {names::monitor::kWireSpeed, &Ui::ButtonMonitorPage::doubleSpinBox_4},
+    {names::monitor::kWeldSpeed, &Ui::ButtonMonitorPage::doubleSpinBox_5},
 };
 
 constexpr int kFontPoints = 10;

@@ -44,7 +44,7 @@ QString valuesTable()
             table += row({code(node->name), "boolean", node->use, schemaLink(node->name)});
             break;
         case Content::Stream:
-            table += row({code(node->name), "subscription", node->use, ""});
+            table += row({code(node->name), "live values, see below", node->use, schemaLink(node->name)});
             break;
         }
     }
@@ -157,12 +157,24 @@ QString memberTable(const NodeForm& form)
     return table;
 }
 
+QString monitorTable()
+{
+    QString table = header({"Member", "In the monitor", "Range"});
+    for (const MonitorValue& value : monitorValues()) {
+        table +=
+            row({code(value.key), value.caption, QStringLiteral("%1 to %2").arg(value.minimum).arg(value.maximum)});
+    }
+    return table;
+}
+
 } // namespace
 
 QMap<QString, QString> guideSections(const QVector<NodeForm>& forms)
 {
-    QMap<QString, QString> sections{
-        {"values", valuesTable()}, {"commands", commandsTable()}, {"answers", answersTable()}};
+    QMap<QString, QString> sections{{"values", valuesTable()},
+                                    {"commands", commandsTable()},
+                                    {"answers", answersTable()},
+                                    {"monitor", monitorTable()}};
     for (const NodeForm& form : forms) {
         sections.insert(form.node->name, memberTable(form));
     }

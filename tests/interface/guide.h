@@ -7,7 +7,7 @@
 #include <QString>
 
 /// The tables of the integrator's guide in Markdown, by the name of their section: "values", "commands", "answers",
-/// and every configuration node under its own name.
+/// "monitor", and every configuration node under its own name.
 QMap<QString, QString> guideSections(const QVector<NodeForm>& forms);
 
 /// The text with each section between <!-- generated: NAME --> and <!-- end --> replaced. A section that the text

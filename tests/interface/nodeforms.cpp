@@ -1,11 +1,14 @@
 #include "tests/interface/nodeforms.h"
 
+#include "page/buttonmonitorpage/buttonmonitorpage.h"
 #include "page/weldsettingfields.h"
 #include "page/weldsettingpage.h"
 
 #include <QGridLayout>
 #include <QLabel>
 #include <QSpinBox>
+
+#include <algorithm>
 
 namespace
 {
@@ -83,4 +86,22 @@ NodeForm readForm(const names::node::Node& node, const names::command::Command& 
 QVector<NodeForm> nodeForms()
 {
     return {readForm<WeldSettingPage>(names::node::kWeldSetting, names::command::kSetWeldSetting, kSettingFields)};
+}
+
+QVector<MonitorValue> monitorValues()
+{
+    ButtonMonitorPage monitor(nullptr);
+    const QList<QDoubleSpinBox*> widgets = monitor.findChildren<QDoubleSpinBox*>();
+    QVector<MonitorValue> values;
+    for (const char* key : names::monitor::kAll) {
+        // Which widget shows it, the dialog itself tells.
+        monitor.onWelderStateChanged(QVariantMap{{key, 1.0}});
+        const auto shown = std::find_if(widgets.begin(), widgets.end(),
+                                        [](const QDoubleSpinBox* widget) { return widget->value() == 1.0; });
+        if (shown == widgets.end()) {
+            qFatal("the monitor does not show %s", key);
+        }
+        values.append({key, labelsBeside(*shown).last()->text(), (*shown)->minimum(), (*shown)->maximum()});
+    }
+    return values;
 }

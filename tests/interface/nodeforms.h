@@ -31,4 +31,14 @@ struct NodeForm {
 /// Every configuration node of the package, read from pages that are built for it. Needs a host and an application.
 QVector<NodeForm> nodeForms();
 
+/// One of the live values, as the real monitor shows it.
+struct MonitorValue {
+    const char* key;
+    QString caption;
+    double minimum; ///< of its widget, unless who opened the monitor sets another range
+    double maximum;
+};
+
+QVector<MonitorValue> monitorValues();
+
 #endif

@@ -99,6 +99,18 @@ QJsonObject argumentSchema(const Command& command, const QVector<NodeForm>& form
     return {};
 }
 
+/// A set of live values. Ranges are for who opens the monitor to set.
+QJsonObject monitorSchema()
+{
+    QJsonObject properties;
+    QJsonArray required;
+    for (const MonitorValue& value : monitorValues()) {
+        properties.insert(value.key, QJsonObject{{"type", "number"}, {"description", value.caption}});
+        required.append(value.key);
+    }
+    return {{"type", "object"}, {"properties", properties}, {"required", required}};
+}
+
 /// What a "return" may be without being misread: a text where only numbers count would read as success.
 QJsonObject returnSchema(Answer answer)
 {
@@ -146,11 +158,18 @@ QMap<QString, QJsonObject> interfaceSchemas(const QVector<NodeForm>& forms)
 {
     QMap<QString, QJsonObject> schemas;
     for (const Node* node : names::node::kAll) {
-        if (node->content == Content::Object) {
-            schemas.insert(node->name, titled(nodeSchema(formOf(forms, node->name), Direction::Read),
-                                              QStringLiteral("Node %1, shown and saved unchanged").arg(node->name)));
-        } else if (node->content == Content::Boolean) {
-            schemas.insert(node->name, titled(typed("boolean"), QStringLiteral("Value %1").arg(node->name)));
+        const QString name = QLatin1String(node->name);
+        switch (node->content) {
+        case Content::Object:
+            schemas.insert(name, titled(nodeSchema(formOf(forms, node->name), Direction::Read),
+                                        QStringLiteral("Node %1, shown and saved unchanged").arg(name)));
+            break;
+        case Content::Boolean:
+            schemas.insert(name, titled(typed("boolean"), QStringLiteral("Value %1").arg(name)));
+            break;
+        case Content::Stream:
+            schemas.insert(name, titled(monitorSchema(), QStringLiteral("A set of live values of %1").arg(name)));
+            break;
         }
     }
     for (const Command* command : names::command::kAll) {
