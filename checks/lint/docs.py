@@ -2,7 +2,8 @@
 """What README.md and docs/*.md name must be there: every path of the project in backticks, every relative link.
 
 A path may leave out the ending (`rl/motioneditor`), list several (`page/weldsettingpage.{h,cpp,ui}`) or hold a "*".
-A name without its folder, or with the last of its folders only, counts if any file has it.
+A name without its folder, or with the last of its folders only, counts if any file has it. A name that heads a code
+block is a file of the document's own example.
 """
 
 import fnmatch
@@ -13,6 +14,7 @@ import sys
 from sources import line_of, project_files, read
 
 CODE_BLOCK = re.compile(r"^(?:```.*?^```|(?: {4}|\t)[^\n]*)", re.DOTALL | re.MULTILINE)
+EXAMPLE = re.compile(r"^`([\w.]+)`[^\n]*:\n\n```", re.MULTILINE)
 COMMENT = re.compile(r"<!--.*?-->", re.DOTALL)
 BACKTICKS = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)\s]+)\)")
@@ -64,12 +66,12 @@ class Project:
                    for pattern in patterns for ending in ("", ".h", ".cpp") for known in self.known)
 
 
-def check_paths(name, text, project, failures):
+def check_paths(name, text, examples, project, failures):
     """Returns how many paths there are."""
     count = 0
     for match in BACKTICKS.finditer(text):
         word = match[1].removeprefix("./")
-        if not project.is_meant(word):
+        if word in examples or not project.is_meant(word):
             continue
         for path in alternatives(word):
             count += 1
@@ -99,8 +101,10 @@ def main():
     project, failures, count = Project(), [], 0
     pages = [name for name in sorted(project.files) if re.fullmatch(r"README\.md|docs/[^/]+\.md", name)]
     for name in pages:
-        text = COMMENT.sub(blanked, CODE_BLOCK.sub(blanked, read(name)))
-        count += check_paths(name, text, project, failures) + check_links(name, text, project, failures)
+        whole = read(name)
+        text = COMMENT.sub(blanked, CODE_BLOCK.sub(blanked, whole))
+        examples = EXAMPLE.findall(whole)
+        count += check_paths(name, text, examples, project, failures) + check_links(name, text, project, failures)
     print(*failures, sep="\n", end="\n" if failures else "", file=sys.stderr)
     if not failures:
         print(f"{count} paths and links in {len(pages)} documents")
