@@ -114,9 +114,9 @@ QJsonObject monitorSchema()
 /// What a "return" may be without being misread: a text where only numbers count would read as success.
 QJsonObject returnSchema(Answer answer)
 {
-    const QJsonObject number{{"type", "integer"},
-                             {"minimum", std::numeric_limits<int>::min()},
-                             {"maximum", std::numeric_limits<int>::max()}};
+    QJsonObject number{{"type", "integer"},
+                       {"minimum", std::numeric_limits<int>::min()},
+                       {"maximum", std::numeric_limits<int>::max()}};
     switch (answer) {
     case Answer::Code:
         return number;
