@@ -27,6 +27,9 @@ namespace
 
 constexpr int kFontPoints = 10;
 
+/// Above and below the text of a button together, in pixels: Chinese characters stand higher than a line of the font.
+constexpr int kButtonMargin = 20;
+
 /// How long the switch rests before its command and before the answer is judged, in milliseconds.
 constexpr int kSwitchPauseMs = 300;
 
@@ -306,8 +309,10 @@ void WeldSettingPage::initStyle()
     }
     UiScale::applyContentFonts(this, kFontPoints);
     const QFont font = UiScale::contentFont(this, kFontPoints);
-    ui->pushButton_cancel->setFont(font);
-    ui->pushButton_save->setFont(font);
+    for (QPushButton* button : {ui->pushButton_cancel, ui->pushButton_save}) {
+        button->setFont(font);
+        button->setMinimumHeight(UiScale::lineHeight(font) + kButtonMargin);
+    }
     applyCompactLayout();
     // Fields and units stand in one line across the frames, whose grids know nothing of each other. Measured
     // last and never before the sheets are set: measuring polishes a widget, and a sheet set later on a frame

@@ -82,8 +82,9 @@ Shots::Shots(PendantWindow* window, SimHost* host, const Look& look, const QDir&
 
 int Shots::run(const QStringList& plugins)
 {
-    m_window->showAlone(kScreenWidth);
     m_window->show();
+    settle();
+    m_window->showAlone(kScreenWidth);
     for (const QString& plugin : plugins) {
         if (QWidget* page = m_host->page(plugin)) {
             shootPage(page, plugin);
