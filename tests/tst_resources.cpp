@@ -125,7 +125,7 @@ void TestResources::keysDiffer()
     for (const QString& name : kKeys) {
         const QVector<int> released = greys(seen(kKeyPath.arg(name, "Unp"), 48));
         const QVector<int> pressed = greys(seen(kKeyPath.arg(name, "P"), 48));
-        // A glyph covers a fifth of its key: recoloured or moved it changes the mean by 50 at most. More takes
+        // A glyph covers a fifth of its key: recoloured or moved it changes the mean by less than 60. More takes
         // another plate, which is seen from the corner of the eye.
         const double change = mean(distances(released, pressed));
         QVERIFY2(change > 64, qPrintable(QString("%1: %2").arg(name).arg(change)));
