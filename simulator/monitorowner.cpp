@@ -38,7 +38,9 @@ MonitorOwner::MonitorOwner(SimulatedController* controller, SimHost* host, QWidg
 
 MonitorOwner::~MonitorOwner()
 {
-    m_host->buttonLists()->withdraw(kOwnButtons);
+    if (m_host != nullptr) {
+        m_host->buttonLists()->withdraw(kOwnButtons);
+    }
 }
 
 void MonitorOwner::take(const LoadResult& result)

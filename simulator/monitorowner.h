@@ -38,7 +38,7 @@ private:
     using Show = void (*)(QDialog* monitor, const QVariant& state);
 
     SimulatedController* m_controller;
-    SimHost* m_host;
+    QPointer<SimHost> m_host; ///< may go before the window does
     QWidget* m_window;
     QString m_plugin;
     Create m_create = nullptr;

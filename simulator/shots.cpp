@@ -1,6 +1,7 @@
 #include "simulator/shots.h"
 
 #include "simulator/layoutcheck.h"
+#include "simulator/pluginarea.h"
 #include "simulator/program/editorframe.h"
 #include "simulator/program/programeditor.h"
 #include "simulator/userinput.h"
@@ -18,6 +19,8 @@ namespace
 
 /// A pendant's screen; its buttons stand beside it.
 constexpr int kScreenWidth = 1280;
+/// The program editor is the pendant's, with as much room as its maker gives it: here enough to see every editor whole.
+constexpr int kEditorHeight = 1600;
 constexpr int kLayoutPasses = 10;
 /// Longer than the slide of a switch, so that a picture shows it at rest; only the picture depends on it.
 constexpr int kSlideMs = 350;
@@ -42,6 +45,16 @@ constexpr struct {
                  "z100, weld_head_long, table_right);"},
     {"LaserOn", "LaserOn(\"LsData4\", 250);"},
 };
+
+/// An editor without the empty room below it; any other widget whole.
+QPixmap picture(QWidget* widget)
+{
+    const auto* frame = qobject_cast<EditorFrame*>(widget);
+    const QWidget* editor = frame != nullptr ? frame->editor() : nullptr;
+    constexpr int kMargin = 12;
+    const int height = editor != nullptr ? editor->sizeHint().height() + kMargin : widget->height();
+    return widget->grab(QRect(0, 0, widget->width(), qMin(height, widget->height())));
+}
 
 QString fullLine(const pendix::RlInstruction& instruction)
 {
@@ -103,7 +116,8 @@ int Shots::run(const QStringList& plugins)
 
 void Shots::shootPage(QWidget* page, const QString& plugin)
 {
-    m_window->findChild<QTabWidget*>(QStringLiteral("pluginArea"))->setCurrentWidget(page);
+    auto* area = m_window->findChild<PluginArea*>();
+    area->setCurrentWidget(area->pageOf(plugin));
     settle();
     const auto* navigation = page->findChild<QWidget*>(QStringLiteral("wgtNav"));
     const auto* stack = page->findChild<QStackedWidget*>();
@@ -156,6 +170,7 @@ void Shots::shootButtons()
 
 void Shots::shootEditors()
 {
+    m_window->resize(m_window->width(), kEditorHeight);
     m_window->showProgram(true);
     for (const pendix::RlInstruction& instruction : pendix::RlRegistry::instance().instructions()) {
         for (const Pane& pane : kPanes) {
@@ -189,7 +204,7 @@ void Shots::shoot(QWidget* widget, const QString& name)
     }
     const QString file = QStringLiteral("%1_%2_%3dpi_z%4.png")
                              .arg(name, m_look.language, QString::number(m_look.dpi), QString::number(m_look.zoom));
-    if (!widget->grab().save(m_folder.filePath(file))) {
+    if (!picture(widget).save(m_folder.filePath(file))) {
         complain(name, tr("the picture %1 can't be written").arg(file));
     }
     ++m_pictures;

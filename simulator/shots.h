@@ -14,8 +14,8 @@ class EditorFrame;
 
 /// Takes a picture of every page, status item and instruction editor of the loaded plug-ins, of the pendant buttons and
 /// the monitor, each at the size that it has beside or on a screen of 1280 pixels, and checks their layout. A denser
-/// screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and zoom: Qt reads a
-/// density once, and plug-ins read language and zoom when they are built.
+/// screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and zoom: Qt
+/// reads a density once, and plug-ins read language and zoom when they are built.
 class Shots
 {
     Q_DECLARE_TR_FUNCTIONS(sim::Shots)

@@ -158,7 +158,7 @@ void TestPendantWindow::lateComerDisturbsNothing()
     QCOMPARE(instructions->currentItem(), picked);
     m_window->showProgram(false);
     QCOMPARE(tabs->count(), 2);
-    QCOMPARE(tabs->currentWidget(), m_host->page(QStringLiteral("good")));
+    QVERIFY(tabs->currentWidget()->isAncestorOf(m_host->page(QStringLiteral("good"))));
 }
 
 void TestPendantWindow::statusItemOfWhom()

@@ -172,7 +172,8 @@ void TestStyleRules::pageAndEditorStandInTheSheet()
                       {},
                       {QStringLiteral("Faulty")},
                       {QStringLiteral("Faulty")},
-                      {QStringLiteral("Mark")}});
+                      {QStringLiteral("Mark")},
+                      true});
     QCOMPARE(journal.at(journal.size() - 1).kind, EntryKind::Notice);
     QCOMPARE(journal.at(journal.size() - 1).text,
              QStringLiteral(":/Faulty/render/sub_page.json: rule 1, QLabel, color: unknown token $color$no_such_role"));
