@@ -139,14 +139,14 @@ std::function<void(bool)> handlerOf(const ButtonRow& row, Corvane* plugin)
             // A stop that overtook its start at the controller would leave the wire running.
             return;
         }
-        // Copies: the host may drop its record, and with it this function, while a command is under way.
-        const Plugin living = plugin;
-        const auto turns = told;
-        const auto act = row.act;
-        while (living && !turns->isEmpty()) {
-            act(living, turns->first());
-            turns->removeFirst();
-        }
+        // With copies: the host may drop its record, and with it this function, while a command is under way.
+        const auto takeTurns = [plugin, told, act = row.act] {
+            while (plugin && !told->isEmpty()) {
+                act(plugin, told->first());
+                told->removeFirst();
+            }
+        };
+        takeTurns();
     };
 }
 

@@ -38,7 +38,7 @@ constexpr const char* kWireKey = kValues[3].key;
 /// The object that holds the members: the setting node itself, the first set of the parameter node.
 QJsonObject source(const QJsonObject& nodes, const char* nodeName)
 {
-    const QJsonObject found = nodes.value(QLatin1String(nodeName)).toObject();
+    QJsonObject found = nodes.value(QLatin1String(nodeName)).toObject();
     if (QLatin1String(nodeName) == QLatin1String(node::kSetting)) {
         return found;
     }

@@ -142,7 +142,7 @@ QString complaint(const QCommandLineParser& parser, const OptionSet& set)
             .arg(kLanguages.join(QLatin1String(", ")), parser.value(set.language));
     }
     for (const NumberRow& row : numbers(set)) {
-        const QString words = numberComplaint(parser, row);
+        QString words = numberComplaint(parser, row);
         if (!words.isEmpty()) {
             return words;
         }

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+Q_DECLARE_METATYPE(std::function<void(ButtonMonitorPage*)>)
+
 class TestButtonMonitorPage : public QObject
 {
     Q_OBJECT
@@ -101,8 +103,6 @@ void TestButtonMonitorPage::stopsOnceHoweverItIsClosed()
     }
     delete page;
 }
-
-Q_DECLARE_METATYPE(std::function<void(ButtonMonitorPage*)>)
 
 QTEST_MAIN(TestButtonMonitorPage)
 #include "tst_buttonmonitorpage.moc"

@@ -149,7 +149,7 @@ QString useHeld(QWidget* widget, Dice& dice)
 {
     constexpr int kLongestHoldMs = 3000;
     const QPointer<QWidget> target = widget;
-    const QString obstacle = userinput::press(widget);
+    QString obstacle = userinput::press(widget);
     if (!obstacle.isEmpty()) {
         return obstacle;
     }

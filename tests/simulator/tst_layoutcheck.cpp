@@ -72,7 +72,6 @@ void TestLayoutCheck::brokenForm_data()
     QTest::addColumn<Build>("build");
     QTest::addColumn<Kind>("kind");
     const auto row = [](const char* name, const Build& build, Kind kind) { QTest::newRow(name) << build << kind; };
-    const QRect wide(10, 10, 150, 30);
     const QRect narrow(10, 10, 50, 30);
 
     row("label too narrow", textIn<QLabel>("Laser power", -1, 0), Kind::CutText);
