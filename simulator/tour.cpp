@@ -1,5 +1,6 @@
 #include "simulator/tour.h"
 
+#include "simulator/buttontour.h"
 #include "simulator/programtour.h"
 #include "simulator/toursteps.h"
 #include "simulator/userinput.h"
@@ -39,7 +40,7 @@ Tour::Tour(PendantWindow* window, SimulatedController* controller, const Journal
 int Tour::run()
 {
     m_window->show();
-    for (const Step& step : tourSteps() + programSteps()) {
+    for (const Step& step : tourSteps() + programSteps() + buttonSteps()) {
         runStep(step);
         if (m_number == 1 && m_failed > 0) {
             m_out << tr("\nThe other steps need this one.");
