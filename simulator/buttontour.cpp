@@ -36,6 +36,8 @@ void expectWire(Tour& tour, Consumables::Wire motion, const QString& words)
 void weldsForReal(Tour& tour)
 {
     tour.window()->showProgram(false);
+    // What the pendant shows, and the truth beside it.
+    tour.openTab("inspector", PendantWindow::tr("Controller"));
     tour.controller()->setOperatorLevel(kEngineer);
     tour.controller()->setValue(QLatin1String(node::kVirtualWelding), true);
     tour.click(kWorkMode);

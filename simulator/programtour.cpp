@@ -8,8 +8,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QTableView>
 #include <QTreeWidget>
 
@@ -54,19 +52,6 @@ void pick(Tour& tour, const char* instruction)
         tour.expect(obstacle.isEmpty(), obstacle);
         userinput::settle(0);
     }
-}
-
-void openTab(Tour& tour, const char* tabs, const QString& text)
-{
-    auto* widget = tour.window()->findChild<QTabWidget*>(QLatin1String(tabs));
-    for (int tab = 0; widget != nullptr && tab < widget->count(); ++tab) {
-        if (widget->tabText(tab) == text) {
-            const QString obstacle = userinput::click(widget->tabBar(), widget->tabBar()->tabRect(tab).center());
-            tour.expect(obstacle.isEmpty(), obstacle);
-            return;
-        }
-    }
-    tour.expect(false, Tour::tr("there should be a tab %1").arg(text));
 }
 
 /// A list in an editor; with several of that name, the one in the named part of the editor.
@@ -138,7 +123,7 @@ void opensProgram(Tour& tour)
 {
     tour.click(tour.window()->findChild<QPushButton*>(QStringLiteral("showProgram")));
     // Where the points that the editors store are to be seen.
-    openTab(tour, "inspector", PendantWindow::tr("Points"));
+    tour.openTab("inspector", PendantWindow::tr("Points"));
     const auto* tree = qobject_cast<QTreeWidget*>(tour.window()->findShown(QStringLiteral("instructionTree")));
     const QTreeWidgetItem* group = tree != nullptr ? tree->topLevelItem(0) : nullptr;
     tour.expect(group != nullptr && group->text(0) == QLatin1String("Laser Weld Ins") && group->childCount() == 10,
@@ -223,7 +208,7 @@ void changesLine(Tour& tour)
         const QString obstacle = userinput::click(table->viewport(), cell.center());
         tour.expect(obstacle.isEmpty(), obstacle);
     }
-    openTab(tour, "programPanes", ProgramEditor::tr("Change"));
+    tour.openTab("programPanes", ProgramEditor::tr("Change"));
     choose(tour, "cbxStartMode", QStringLiteral("Spot weld"));
     tour.type(QStringLiteral("spinInPlaceWait"), QStringLiteral("250"));
     tour.click(kReplace);
@@ -242,7 +227,7 @@ void undoesChange(Tour& tour)
 void levelRefusesMotion(Tour& tour)
 {
     const QStringList before = pointNames(tour);
-    openTab(tour, "programPanes", ProgramEditor::tr("Insert"));
+    tour.openTab("programPanes", ProgramEditor::tr("Insert"));
     tour.controller()->setOperatorLevel(kOperator);
     pick(tour, "LsMoveL");
     tour.click(kInsertBelow);

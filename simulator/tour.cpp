@@ -6,6 +6,8 @@
 #include "simulator/userinput.h"
 
 #include <QPixmap>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include <algorithm>
 #include <cstdio>
@@ -137,6 +139,19 @@ void Tour::type(const QString& objectName, const QString& text)
     const QString obstacle =
         widget != nullptr ? userinput::type(widget, text) : tr("there is no visible %1").arg(objectName);
     expect(obstacle.isEmpty(), obstacle);
+}
+
+void Tour::openTab(const char* tabs, const QString& text)
+{
+    auto* widget = m_window->findChild<QTabWidget*>(QLatin1String(tabs));
+    for (int tab = 0; widget != nullptr && tab < widget->count(); ++tab) {
+        if (widget->tabText(tab) == text) {
+            const QString obstacle = userinput::click(widget->tabBar(), widget->tabBar()->tabRect(tab).center());
+            expect(obstacle.isEmpty(), obstacle);
+            return;
+        }
+    }
+    expect(false, tr("there should be a tab %1").arg(text));
 }
 
 void Tour::expect(bool holds, const QString& words)

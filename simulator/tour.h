@@ -36,6 +36,8 @@ public:
     void click(const QString& objectName);
     void click(QWidget* widget);
     void type(const QString& objectName, const QString& text);
+    /// Opens the tab with that text of the tab widget with that object name.
+    void openTab(const char* tabs, const QString& text);
     /// A condition that must hold; otherwise the step fails with these words.
     void expect(bool holds, const QString& words);
     /// The controller got exactly these commands ("name argument" or only "name") in this step.
