@@ -115,6 +115,8 @@ void work(const Orders& orders, Cell cell, Logbook* logbook)
     SeededDice dice(orders.seed);
     Monkey monkey(&window, &controller, &host, logbook, &dice);
     monkey.run(orders.actions);
+    // The monkey goes before the pendant, which may still get answers while it is closed.
+    host.bend = nullptr;
 }
 
 /// Once the pendant is closed, nothing of it may be left. The leak sanitizer can't see a widget that nobody owns: Qt
