@@ -44,6 +44,7 @@ constexpr struct {
     {"LsMoveCF", "LsMoveCF(RelTool(p1,-123.456,0,25,-180,90,45.5), Offs(p2,1,2,-300.5), 3600, \"ConstPose\", v2000, "
                  "z100, weld_head_long, table_right);"},
     {"LaserOn", "LaserOn(\"LsData4\", 250);"},
+    {"LsParaSet", "LsParaSet(\"LsData30\", \"Time\", 1000);"},
 };
 
 /// An editor without the empty room below it; any other widget whole.
