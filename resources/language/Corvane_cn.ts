@@ -388,7 +388,7 @@ LsParaMatchOff()，无参数</translation>
     <name>WeldSettingPage</name>
     <message>
         <source>Enable:</source>
-        <translation>启用：</translation>
+        <translation>启用</translation>
     </message>
     <message>
         <source>Laser unit</source>
