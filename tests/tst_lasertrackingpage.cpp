@@ -67,7 +67,7 @@ void TestLaserTrackingPage::waitsForALatePlugin()
 {
     LaserTrackingPage page(nullptr);
     page.show();
-    QTRY_COMPARE(m_host.logs.size(), 3);
+    QTRY_VERIFY(m_host.logs.size() >= 3);
     m_host.otherWidget = [] { return new QLabel; };
     QTRY_VERIFY(page.findChild<QLabel*>() != nullptr);
     QCOMPARE(lines().mid(0, 3),
