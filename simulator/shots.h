@@ -21,7 +21,7 @@ class Shots
     Q_DECLARE_TR_FUNCTIONS(sim::Shots)
 
 public:
-    /// What the pictures show; stands in their names ("weld-setting-page_zh_144dpi_z1.25.png") and before each fault.
+    /// What the pictures show; stands in their names ("weld-setting-page_zh_144dpi_z1.5.png") and before each fault.
     struct Look {
         QString language;
         int dpi;

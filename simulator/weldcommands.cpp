@@ -16,6 +16,11 @@ constexpr int kDone = 0;
 constexpr int kBadArgument = 1;
 constexpr int kNotNow = 2;
 
+QString words(const char* text)
+{
+    return QCoreApplication::translate("sim::WeldCommands", text);
+}
+
 CommandOutcome setWeldSetting(WeldData& data, const QJsonValue& argument)
 {
     JsonCheck check;
@@ -32,8 +37,7 @@ CommandOutcome setWeldEnable(WeldData& data, const QJsonValue& argument)
 {
     const bool on = argument == QJsonValue(QStringLiteral("TRUE"));
     if (!on && argument != QJsonValue(QStringLiteral("FALSE"))) {
-        return {false, false,
-                QCoreApplication::translate("sim::WeldCommands", "expected the text \"TRUE\" or \"FALSE\"")};
+        return {false, false, words("expected the text \"TRUE\" or \"FALSE\"")};
     }
     data.weldEnabled = on;
     // The pendant derives its main switch from the setting node, so the node follows.
@@ -44,11 +48,6 @@ CommandOutcome setWeldEnable(WeldData& data, const QJsonValue& argument)
         data.nodes.insert(QLatin1String(node::kSetting), members);
     }
     return {true, true, {}};
-}
-
-QString words(const char* text)
-{
-    return QCoreApplication::translate("sim::WeldCommands", text);
 }
 
 CommandOutcome notABoolean()
