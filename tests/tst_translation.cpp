@@ -1,3 +1,4 @@
+#include "page/buttonmonitorpage/buttonmonitorpage.h"
 #include "plugin/corvane.h"
 #include "tests/fakehost.h"
 
@@ -171,6 +172,11 @@ QStringList TestTranslation::englishShown() const
     page->show();
     QStringList shown = textsBelow(page.get()) + textsBelow(statusItem.get());
     shown << plugin.pluginLabel() << RlRegistry::instance().groupTitle("LaserWeld");
+    for (const pendix::PhysicalButton& button : host.firstButtons + host.secondButtons) {
+        shown.append(button.text);
+    }
+    ButtonMonitorPage monitor(nullptr);
+    shown += textsBelow(&monitor);
     QString registered;
     const QList<pendix::RlInstruction> instructions = RlRegistry::instance().instructions();
     for (const pendix::RlInstruction& one : instructions) {
@@ -196,8 +202,9 @@ void TestTranslation::leavesNoEnglish()
 {
     const QStringList before = englishShown();
     for (const char* source :
-         {"pendix::Corvane: Laser Welding", "LaserWeldPage: Char. Curve", "WeldSettingPage: Bus",
-          "pendix::RLLaserOnInsertWidget: Spot weld", "SetUpPointWidget: Position(mm): ", "RlLaserWeldDefine: Sched:",
+         {"pendix::Corvane: Laser Welding", "pendix::Corvane: Retract Wire", "ButtonMonitorPage: Duty (%)",
+          "LaserWeldPage: Char. Curve", "WeldSettingPage: Bus", "pendix::RLLaserOnInsertWidget: Spot weld",
+          "SetUpPointWidget: Position(mm): ", "RlLaserWeldDefine: Sched:",
           "RlLaserWeldDefine: Arc welding motion instruction", "RlLaserWeldDefine: Laser Weld Ins"}) {
         QVERIFY2(before.contains(source), source);
     }
