@@ -7,6 +7,7 @@
 #include "simulator/userinput.h"
 
 #include <QDialog>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QToolButton>
@@ -55,6 +56,18 @@ QPixmap picture(QWidget* widget)
     constexpr int kMargin = 12;
     const int height = editor != nullptr ? editor->sizeHint().height() + kMargin : widget->height();
     return widget->grab(QRect(0, 0, widget->width(), qMin(height, widget->height())));
+}
+
+/// How many pixels of the page must be scrolled to be seen.
+int hiddenHeight(const QWidget* page)
+{
+    int hidden = 0;
+    for (const QScrollArea* area : page->findChildren<QScrollArea*>()) {
+        if (area->isVisible() && area->widget() != nullptr) {
+            hidden = qMax(hidden, area->widget()->height() - area->viewport()->height());
+        }
+    }
+    return hidden;
 }
 
 QString fullLine(const pendix::RlInstruction& instruction)
@@ -123,7 +136,7 @@ void Shots::shootPage(QWidget* page, const QString& plugin)
     const auto* navigation = page->findChild<QWidget*>(QStringLiteral("wgtNav"));
     const auto* stack = page->findChild<QStackedWidget*>();
     if (navigation == nullptr || stack == nullptr) {
-        shoot(page, fileWord(plugin));
+        shootWhole(page, fileWord(plugin));
         return;
     }
     for (QToolButton* button : navigation->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -133,8 +146,18 @@ void Shots::shootPage(QWidget* page, const QString& plugin)
             complain(name, tr("the button \"%1\": %2").arg(button->text(), obstacle));
         }
         userinput::settle(kSlideMs);
-        shoot(page, name);
+        shootWhole(page, name);
     }
+}
+
+/// What is scrolled out of sight would be in no picture: the window grows until the page is whole.
+void Shots::shootWhole(QWidget* page, const QString& name)
+{
+    const QSize size = m_window->size();
+    settle();
+    m_window->resize(size.width(), size.height() + hiddenHeight(page));
+    shoot(page, name);
+    m_window->resize(size);
 }
 
 void Shots::shootStatusItems()

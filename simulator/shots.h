@@ -39,6 +39,7 @@ private:
     static const Pane kPanes[];
 
     void shootPage(QWidget* page, const QString& plugin);
+    void shootWhole(QWidget* page, const QString& name);
     void shootStatusItems();
     void shootButtons(); ///< and the monitor that one of them opens
     void shootEditors();

@@ -50,7 +50,7 @@
     </message>
     <message>
         <source>Fillet joint</source>
-        <translation>角接接头</translation>
+        <translation>角焊缝</translation>
     </message>
     <message>
         <source>Joint</source>

@@ -428,7 +428,7 @@ LsParaMatchOff()，无参数</translation>
     </message>
     <message>
         <source>Gas off delay time</source>
-        <translation>滞后关气时间</translation>
+        <translation>滞后停气时间</translation>
     </message>
     <message>
         <source>Gas detect  time</source>
@@ -444,7 +444,7 @@ LsParaMatchOff()，无参数</translation>
     </message>
     <message>
         <source>Overlap Distance</source>
-        <translation>搭接距离</translation>
+        <translation>重叠距离</translation>
     </message>
     <message>
         <source>Return speed</source>
@@ -492,7 +492,7 @@ LsParaMatchOff()，无参数</translation>
     </message>
     <message>
         <source>Detect duration</source>
-        <translation>检测时间</translation>
+        <translation>检测时长</translation>
     </message>
     <message>
         <source>Trigger signal | DO</source>
