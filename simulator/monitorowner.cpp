@@ -38,6 +38,9 @@ MonitorOwner::MonitorOwner(SimulatedController* controller, SimHost* host, QWidg
 
 MonitorOwner::~MonitorOwner()
 {
+    // Waits for the answer to the stop, while all that may happen meanwhile is still there.
+    m_timer.stop();
+    delete m_dialog;
     if (m_host != nullptr) {
         m_host->buttonLists()->withdraw(kOwnButtons);
     }
@@ -70,7 +73,8 @@ void MonitorOwner::take(const LoadResult& result)
 
 void MonitorOwner::open()
 {
-    if (m_create == nullptr || m_opening) {
+    // A dialog that is hidden has been closed and waits for the answer to its stop: it may not come back.
+    if (m_create == nullptr || m_opening || (m_dialog != nullptr && m_dialog->isHidden())) {
         return;
     }
     if (m_dialog == nullptr) {
@@ -99,8 +103,12 @@ void MonitorOwner::deliver()
 {
     if (m_dialog == nullptr) {
         m_timer.stop();
-    } else if (m_controller->monitoring() && m_host->isSubscribed(m_plugin, kData)) {
-        m_show(m_dialog, m_controller->monitorValues());
+        return;
+    }
+    const QVariantMap values = m_controller->monitorValues();
+    // Without a stream or a line nothing comes: the dialog keeps what it shows.
+    if (!values.isEmpty() && m_host->isSubscribed(m_plugin, kData)) {
+        m_show(m_dialog, values);
     }
 }
 

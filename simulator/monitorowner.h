@@ -20,13 +20,14 @@ class MonitorOwner : public QObject
 
 public:
     MonitorOwner(SimulatedController* controller, SimHost* host, QWidget* window);
-
+    /// Closes an open dialog.
     ~MonitorOwner() override;
 
     /// Looks for a monitor dialog in a plug-in that was loaded; when it has one, a pendant button opens it.
     void take(const LoadResult& result);
 
-    /// Opens the dialog, or brings the open one to the front.
+    /// Opens the dialog, or brings the open one to the front. Does nothing while it is on its way in or out: the
+    /// commands that start and stop the stream may spin the event loop.
     void open();
 
     QDialog* dialog() const { return m_dialog; }

@@ -119,6 +119,7 @@ PendantWindow::~PendantWindow()
 {
     // A button that is held comes up while all that its handler may reach is still there.
     m_buttons->hide();
+    delete m_monitor;
 }
 
 void PendantWindow::fitIntoScreen()

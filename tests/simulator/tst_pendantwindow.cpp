@@ -1,5 +1,6 @@
 #include "simulator/journalmodel.h"
 #include "simulator/livepicture.h"
+#include "simulator/pendantbutton.h"
 #include "simulator/pendantwindow.h"
 #include "simulator/program/programeditor.h"
 #include "simulator/statefile.h"
@@ -46,6 +47,7 @@ private slots:
     void fontZoomIsAskedFor();
     void closingDuringASlowCommand();
     void closingWithAnUnsavedProgram();
+    void monitorWaitsForItsAnswers();
 
 private:
     std::unique_ptr<SimulatedController> m_controller;
@@ -422,6 +424,46 @@ void TestPendantWindow::closingWithAnUnsavedProgram()
         QCOMPARE(m_window->isVisible(), staysOpen);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+void TestPendantWindow::monitorWaitsForItsAnswers()
+{
+    const QString command = QStringLiteral("start_laserweld_monitor");
+    m_window->addPlugin(m_loader->load(QStringLiteral(CORVANE_MODULE)));
+    QWidget* button = m_window->findShown(QStringLiteral("pendantButton_pendant_1_1"));
+    QVERIFY(button != nullptr);
+    const auto dialog = [this] { return m_window->findChild<QDialog*>(QStringLiteral("ButtonMonitorPage")); };
+    const auto commands = [&] {
+        QStringList arguments;
+        for (int i = 0; i < m_journal->size(); ++i) {
+            if (m_journal->at(i).kind == EntryKind::Command && m_journal->at(i).subject == command) {
+                arguments.append(m_journal->at(i).text);
+            }
+        }
+        return arguments;
+    };
+    QTest::mouseClick(button, Qt::LeftButton);
+    const auto* speed = dialog()->findChild<QDoubleSpinBox*>(QStringLiteral("doubleSpinBox_5"));
+    QVERIFY(speed->value() > 0);
+    m_controller->setConnected(false);
+    QTest::qWait(500);
+    QVERIFY2(speed->value() > 0, "nothing comes without a line, no zeros either");
+    m_controller->setConnected(true);
+
+    m_controller->setPlan(command, {AnswerKind::Proper, 300});
+    QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
+    dialog()->close();
+    QVERIFY2(!dialog()->isVisible(), "it does not come back to vanish when its stop is answered");
+    QTRY_COMPARE(dialog(), nullptr);
+    QCOMPARE(commands(), QStringList({"true", "false"}));
+
+    QTest::mouseClick(button, Qt::LeftButton);
+    bool wasWhole = false;
+    const QPointer<QTabWidget> inspector = m_window->findChild<QTabWidget*>(QStringLiteral("inspector"));
+    QTimer::singleShot(100, m_journal.get(), [&] { wasWhole = inspector != nullptr; });
+    m_window.reset();
+    QVERIFY2(wasWhole, "the window lives on until the stop is answered");
+    QCOMPARE(commands(), QStringList({"true", "false", "true", "false"}));
 }
 
 QTEST_MAIN(TestPendantWindow)
