@@ -8,7 +8,7 @@ namespace sim
 enum ExitCode {
     ExitOk = 0,
     ExitTourFailed = 1,  ///< a step of the tour did not go as it should
-    ExitShotsFailed = 1, ///< a page or an editor has a layout fault
+    ExitShotsFailed = 1, ///< a page or an editor has a layout fault, or a plug-in did not load
     ExitBadInput = 2     ///< bad options, or a cell or state file that was refused
 };
 

@@ -7,6 +7,7 @@
 #include "simulator/userinput.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -116,6 +117,10 @@ int Shots::run(const QStringList& plugins)
         if (QWidget* page = m_host->page(plugin)) {
             shootPage(page, plugin);
         }
+    }
+    // The page in place of that of a plug-in that did not load.
+    for (const QLabel* failure : m_window->findChildren<QLabel*>(QStringLiteral("loadFailure"))) {
+        complain(tr("a plug-in"), failure->text().simplified());
     }
     shootStatusItems();
     shootButtons();
