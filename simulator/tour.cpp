@@ -1,6 +1,7 @@
 #include "simulator/tour.h"
 
 #include "simulator/buttontour.h"
+#include "simulator/pluginarea.h"
 #include "simulator/programtour.h"
 #include "simulator/toursteps.h"
 #include "simulator/userinput.h"
@@ -42,6 +43,9 @@ Tour::Tour(PendantWindow* window, SimulatedController* controller, const Journal
 int Tour::run()
 {
     m_window->show();
+    // Its steps are the welding package's, whichever plug-in was loaded first.
+    auto* area = m_window->findChild<PluginArea*>();
+    area->setCurrentWidget(area->pageOf(QStringLiteral("Corvane")));
     for (const Step& step : tourSteps() + programSteps() + buttonSteps()) {
         runStep(step);
         if (m_number == 1 && m_failed > 0) {
