@@ -10,6 +10,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -134,6 +135,26 @@ void MotionEditor::initUI(const MotionCaptions& captions)
     selectOrFirst(m_wobj, controller::currentWobj());
     if (m_spec.isCircle) {
         m_rotType->addItems({QStringLiteral("RotAxis"), QStringLiteral("ConstPose"), QStringLiteral("FixedAxis")});
+    }
+}
+
+bool MotionEditor::event(QEvent* event)
+{
+    // Also when the texts have become larger or smaller.
+    if (event->type() == QEvent::LayoutRequest) {
+        alignPoints();
+    }
+    return RLContentBase::event(event);
+}
+
+void MotionEditor::alignPoints()
+{
+    int widest = 0;
+    for (const SetUpPointWidget* point : qAsConst(m_points)) {
+        widest = qMax(widest, point->captionWidth());
+    }
+    for (SetUpPointWidget* point : qAsConst(m_points)) {
+        point->setCaptionRoom(widest);
     }
 }
 

@@ -58,7 +58,11 @@ public:
 protected:
     MotionEditor(const MotionSpec& spec, Role role, const MotionCaptions& captions, QWidget* parent);
 
+    bool event(QEvent* event) override;
+
 private:
+    /// Begins the names of all points at one place, behind the widest caption.
+    void alignPoints();
     void createForm(const MotionCaptions& captions);
     QComboBox* createList();
     /// Where a caption begins, and how many columns it takes; its field behind it takes as many.

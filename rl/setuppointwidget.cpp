@@ -55,6 +55,16 @@ void SetUpPointWidget::setPointName(const QString& caption)
     ui->lblPoint->setText(caption);
 }
 
+int SetUpPointWidget::captionWidth() const
+{
+    return ui->lblPoint->sizeHint().width();
+}
+
+void SetUpPointWidget::setCaptionRoom(int width)
+{
+    ui->lblPoint->setMinimumWidth(width);
+}
+
 void SetUpPointWidget::refreshPointList()
 {
     initInsertPointListCbx(ui->cbxPoint, m_index);

@@ -30,6 +30,9 @@ public:
     /// Reads the controller's points and proposes the index-th free name (1: the first). Hides the offsets.
     void init(int index);
     void setPointName(const QString& caption);
+    /// What the caption takes, in pixels, and the least that it is given: points below each other line up by these.
+    int captionWidth() const;
+    void setCaptionRoom(int width);
     /// Reads the points again and proposes again.
     void refreshPointList();
 
