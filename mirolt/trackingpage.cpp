@@ -19,6 +19,8 @@ namespace
 /// As much as a finger needs, in pixels; larger text makes a row higher.
 constexpr int kTouchHeight = 32;
 constexpr int kSpacing = 8;
+/// In characters: the longest name of a joint.
+constexpr int kJointLength = 11;
 constexpr int kGainStep = 5;
 constexpr double kLargestOffset = 10;
 constexpr double kOffsetStep = 0.1;
@@ -54,6 +56,9 @@ TrackingPage::TrackingPage(QSharedPointer<SeamTracking> tracking, QWidget* paren
 {
     setObjectName(QStringLiteral("MiroltTrackingPage"));
     m_joint->addItems({tr("Butt joint"), tr("Lap joint"), tr("Fillet joint")});
+    // With room for an icon, as the number fields have it: they all grow alike on a denser screen.
+    m_joint->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_joint->setMinimumContentsLength(kJointLength);
     m_gain->setRange(kGainStep, 100);
     m_gain->setSingleStep(kGainStep);
     m_gain->setSuffix(QStringLiteral(" %"));
