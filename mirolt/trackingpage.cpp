@@ -19,8 +19,6 @@ namespace
 /// As much as a finger needs, in pixels; larger text makes a row higher.
 constexpr int kTouchHeight = 32;
 constexpr int kSpacing = 8;
-/// In characters: the longest name of a joint.
-constexpr int kJointLength = 11;
 constexpr int kGainStep = 5;
 constexpr double kLargestOffset = 10;
 constexpr double kOffsetStep = 0.1;
@@ -35,6 +33,21 @@ QFont textFont(const QWidget& page)
     return font;
 }
 
+/// A list as high as the number fields below it, which grow more on a denser screen.
+class LevelList : public QComboBox
+{
+public:
+    LevelList(const QSpinBox* number, QWidget* parent) : QComboBox(parent), m_number(number) {}
+
+    QSize sizeHint() const override { return level(QComboBox::sizeHint()); }
+    QSize minimumSizeHint() const override { return level(QComboBox::minimumSizeHint()); }
+
+private:
+    QSize level(const QSize& own) const { return own.expandedTo({0, m_number->sizeHint().height()}); }
+
+    const QSpinBox* m_number;
+};
+
 QString signedNumber(double value)
 {
     // With its sign also above zero, so that the text does not jump from one measurement to the next.
@@ -46,8 +59,8 @@ QString signedNumber(double value)
 TrackingPage::TrackingPage(QSharedPointer<SeamTracking> tracking, QWidget* parent)
     : QWidget(parent),
       m_tracking(std::move(tracking)),
-      m_joint(new QComboBox(this)),
       m_gain(new QSpinBox(this)),
+      m_joint(new LevelList(m_gain, this)),
       m_offsetY(createOffset()),
       m_offsetZ(createOffset()),
       m_sensor(new QPushButton(this)),
@@ -56,9 +69,6 @@ TrackingPage::TrackingPage(QSharedPointer<SeamTracking> tracking, QWidget* paren
 {
     setObjectName(QStringLiteral("MiroltTrackingPage"));
     m_joint->addItems({tr("Butt joint"), tr("Lap joint"), tr("Fillet joint")});
-    // With room for an icon, as the number fields have it: they all grow alike on a denser screen.
-    m_joint->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_joint->setMinimumContentsLength(kJointLength);
     m_gain->setRange(kGainStep, 100);
     m_gain->setSingleStep(kGainStep);
     m_gain->setSuffix(QStringLiteral(" %"));

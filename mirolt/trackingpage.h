@@ -35,8 +35,8 @@ private:
     void showStatus();
 
     QSharedPointer<SeamTracking> m_tracking;
-    QComboBox* m_joint;
     QSpinBox* m_gain;
+    QComboBox* m_joint;
     QDoubleSpinBox* m_offsetY;
     QDoubleSpinBox* m_offsetZ;
     QPushButton* m_sensor;
