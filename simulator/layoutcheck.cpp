@@ -3,6 +3,7 @@
 #include "simulator/textroom.h"
 
 #include <QCoreApplication>
+#include <QMap>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
@@ -86,6 +87,7 @@ public:
             checkTargets(widget);
         }
         checkOverlaps(solid);
+        checkColumns(solid);
         return m_faults;
     }
 
@@ -207,6 +209,28 @@ private:
                             .arg(common.width())
                             .arg(common.height())
                             .arg(nameOf(other)));
+                }
+            }
+        }
+    }
+
+    /// Of the fields of one parent that begin at one x, each against the lowest.
+    void checkColumns(const QVector<const QWidget*>& solid)
+    {
+        QMap<QPair<const QWidget*, int>, QVector<const QWidget*>> columns;
+        for (const QWidget* widget : solid) {
+            if (widget != m_root && inheritsOneOf(widget, {"QComboBox", "QAbstractSpinBox", "QLineEdit"})) {
+                columns[{widget->parentWidget(), widget->x()}].append(widget);
+            }
+        }
+        for (const QVector<const QWidget*>& column : qAsConst(columns)) {
+            const QWidget* lowest = *std::min_element(
+                column.begin(), column.end(), [](auto* one, auto* other) { return one->height() < other->height(); });
+            for (const QWidget* field : column) {
+                if (field->height() > lowest->height() + kUnevenness) {
+                    add(Kind::Uneven, field, {},
+                        tr("is %1 pixels high, %2 in the same column %3")
+                            .arg(QString::number(field->height()), nameOf(lowest), QString::number(lowest->height())));
                 }
             }
         }

@@ -9,14 +9,15 @@ class QWidget;
 namespace sim
 {
 
-/// Something that a person at the pendant can't read or reach.
+/// Something that a person at the pendant can't read or reach, or sees to be askew.
 struct LayoutFault {
     enum class Kind {
         CutText,        ///< a text or picture is wider or higher than what its widget leaves for it
         Outside,        ///< a widget is partly outside one of those that it lies in, which does not scroll
         SidewaysScroll, ///< a page must be scrolled sideways to be seen whole
         Overlap,        ///< two widgets of one parent cover each other
-        SmallTarget     ///< what has to be touched is under kLeastTarget pixels wide or high
+        SmallTarget,    ///< what has to be touched is under kLeastTarget pixels wide or high
+        Uneven          ///< one of the fields below each other is more than kUnevenness higher than another
     };
 
     Kind kind;
@@ -26,6 +27,10 @@ struct LayoutFault {
 
 /// The least width and height of what a finger has to hit.
 constexpr int kLeastTarget = 24;
+
+/// So much the heights of fields in one column may differ, in pixels: styles give a list and a number not quite the
+/// same.
+constexpr int kUnevenness = 3;
 
 /// What is wrong with the layout of a visible widget and all that can be seen in it. Knows widgets by Qt's classes and
 /// by the names of others', so that it works on the pages of any plug-in. The layouts must have settled. Scroll bars

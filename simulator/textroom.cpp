@@ -221,8 +221,11 @@ Rooms comboBoxRooms(const QWidget* widget)
     const QRect field = box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
     QStringList entries{box->currentText()};
     bool hasIcons = false;
-    for (int i = 0; i < box->count() && !holdsData(box); ++i) {
-        entries.append(box->itemText(i));
+    for (int i = 0; i < box->count(); ++i) {
+        // Data may be longer than their field, but not what it promises room for.
+        if (!holdsData(box) || box->itemText(i).size() <= box->minimumContentsLength()) {
+            entries.append(box->itemText(i));
+        }
         hasIcons = hasIcons || !box->itemIcon(i).isNull();
     }
     const int icon = hasIcons ? box->iconSize().width() + kIconGap : 0;

@@ -127,6 +127,21 @@ void TestLayoutCheck::brokenForm_data()
         Kind::CutText);
     row("outside its parent", widgetAt<QPushButton>(QRect(380, 10, 40, 30)), Kind::Outside);
     row("small target", widgetAt<QPushButton>(QRect(10, 10, 40, kLeastTarget - 1)), Kind::SmallTarget);
+    row(
+        "higher than the field below it",
+        [](QWidget* form) {
+            widgetAt<QComboBox>(QRect(10, 10, 150, 30 + kUnevenness + 1))(form);
+            (new QSpinBox(form))->setGeometry(10, 60, 150, 30);
+        },
+        Kind::Uneven);
+    row("combo box for as many letters as it promises",
+        widgetAt<QComboBox>(narrow,
+                            [](auto* box) {
+                                box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+                                box->setMinimumContentsLength(12);
+                                box->addItem(QStringLiteral("a long entry"));
+                            }),
+        Kind::CutText);
     row("overlap", widgetAt<QPushButton>(QRect(100, 225, 40, 40)), Kind::Overlap);
 }
 
