@@ -129,6 +129,7 @@ private slots:
     void levels();
     void notRoundTrips_data();
     void notRoundTrips();
+    void pointsLineUp();
 };
 
 void TestMotionEditors::freshNames_data()
@@ -523,6 +524,24 @@ void TestMotionEditors::notRoundTrips()
     const Editor second(create("LP"));
     second->FillWith(written);
     QTEST(second->ToString(), "readBack");
+}
+
+/// Also when the texts have grown after the form was made.
+void TestMotionEditors::pointsLineUp()
+{
+    Cell cell({"p1"});
+    const Editor editor(create("CP"));
+    editor->show();
+    for (const int size : {10, 20}) {
+        editor->setStyleSheet(QStringLiteral("QLabel{font-size:%1px}").arg(size));
+        QCoreApplication::sendPostedEvents();
+        QList<int> begins;
+        for (const auto* point : editor->findChildren<SetUpPointWidget*>()) {
+            begins.append(point->findChild<QComboBox*>("cbxPoint")->x());
+        }
+        QCOMPARE(begins.size(), 2);
+        QCOMPARE(begins.first(), begins.last());
+    }
 }
 
 QTEST_MAIN(TestMotionEditors)
