@@ -2,16 +2,16 @@
 # shellcheck source=checks/sanitizers.sh
 . "$root/checks/sanitizers.sh"
 
-actions=${1:-40000}
+actions=${1:-80000}
 seed=${2:-$(date +%s)}
 if [ $# -gt 2 ] || ! [[ "$actions $seed" =~ ^[1-9][0-9]{0,9}\ [1-9][0-9]{0,9}$ ]]; then
     echo "./dev monkey: at most two whole numbers from 1, ACTIONS and SEED, not '$*'" >&2
     exit 2
 fi
 per_round=2500   # one pendant's day; the round's seed counts up, so each can be had again on its own
-everything=40000 # so many actions leave nothing untouched
+everything=80000 # so many actions leave nothing untouched
 
-build asan monkey corvane_module
+build asan monkey corvane_module mirolt_module
 folder="$root/build/asan/monkey"
 rm -rf "$folder"
 mkdir -p "$folder"

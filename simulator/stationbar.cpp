@@ -27,6 +27,7 @@ StationBar::StationBar(SimulatedController* controller, QWidget* parent)
         m_level->addItem(level < kLowestChangingLevel ? tr("%1 - may look").arg(QString::number(level))
                                                       : tr("%1 - may change").arg(QString::number(level)));
     }
+    m_level->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     auto* again = new QPushButton(tr("Show page again"), this);
     again->setToolTip(tr("Hides the page and shows it again, as leaving it and coming back would.\n"
                          "Pages read operator level and controller when they are shown, not when these change."));

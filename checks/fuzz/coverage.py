@@ -26,6 +26,7 @@ COVERED = ["common/*.cpp", "simulator/*file.cpp", "simulator/*schema.cpp", "simu
 # Functions of these files that need not be reached, with the reason.
 EXCEPTIONS = {
     "controller::isRobotPowered()": "takes nothing in and hands on a flag of the host: there is nothing to vary",
+    "SetUpPointWidget::setCaptionRoom(int)": "lines captions up, reads nothing",
     "controller::endSubscription(QString const&)": "takes nothing in",
 }
 

@@ -149,6 +149,19 @@ void checkStoring(SimulatedController& controller, Dice& dice)
     checkKept(controller.nodes(), controller.points());
 }
 
+/// The pendant buttons' commands, with what they really bring, also when there are no settings to go by.
+void pressButtons(SimulatedController& controller)
+{
+    for (const QJsonObject& nodes : {controller.nodes(), QJsonObject()}) {
+        controller.setNodes(nodes);
+        for (const QString& command : commandNames()) {
+            for (const bool pressed : {true, false}) {
+                checkCommand(controller, command, pressed, AnswerKind::Proper);
+            }
+        }
+    }
+}
+
 void drive(SimulatedController& controller, Dice& dice)
 {
     for (const QString& name : nodeNames() + valueNames()) {
@@ -164,6 +177,7 @@ void drive(SimulatedController& controller, Dice& dice)
     }
     controller.execute(QStringLiteral("Corvane"), {{anyText(dice), anyValue(dice)}});
     checkStoring(controller, dice);
+    pressButtons(controller);
     controller.setConnected(false);
     require(controller.published(nodeNames().first()).isUndefined(), "a value comes over a line that is down");
 }

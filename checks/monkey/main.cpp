@@ -58,6 +58,7 @@ struct Orders {
     QString log;
     QString plugin;
     QString cell;
+    QString neighbour;
 };
 
 [[noreturn]] void refuse(const QString& why)
@@ -85,8 +86,12 @@ Orders readOrders()
     parser.process(*QCoreApplication::instance());
     bool actionsOk = false;
     bool seedOk = false;
-    Orders orders{parser.value(actions).toInt(&actionsOk), parser.value(seed).toULongLong(&seedOk), parser.value(log),
-                  parser.value(plugin), parser.value(cell)};
+    Orders orders{parser.value(actions).toInt(&actionsOk),
+                  parser.value(seed).toULongLong(&seedOk),
+                  parser.value(log),
+                  parser.value(plugin),
+                  parser.value(cell),
+                  folder + QStringLiteral("/Mirolt.so")};
     if (!actionsOk || orders.actions < 1) {
         refuse(QStringLiteral("--actions needs a whole number from 1, not \"%1\"").arg(parser.value(actions)));
     }
@@ -104,11 +109,17 @@ void work(const Orders& orders, Cell cell, Logbook* logbook)
     WatchedHost host(&controller, &journal, logbook);
     PluginLoader loader(&host);
     PendantWindow window(&controller, &journal, &host);
-    const LoadResult loaded = loader.load(orders.plugin);
-    if (loaded.fault != LoadFault::None) {
-        refuse(QStringLiteral("%1: %2").arg(orders.plugin, loaded.reason));
+    // The neighbour first, as a pendant does: its page is embedded in the package's. Its own page stays away, where the
+    // same fields would take half of the operator's time.
+    for (const QString& plugin : {orders.neighbour, orders.plugin}) {
+        const LoadResult loaded = loader.load(plugin);
+        if (loaded.fault != LoadFault::None) {
+            refuse(QStringLiteral("%1: %2").arg(plugin, loaded.reason));
+        }
+        if (plugin == orders.plugin) {
+            window.addPlugin(loaded);
+        }
     }
-    window.addPlugin(loaded);
     host.announceConnection();
     window.show();
     VirtualTime::instance()->rest();

@@ -33,6 +33,9 @@ constexpr Row kRows[] = {
     {pendix::error, "Retract wire failed. Please check logs."},
     {pendix::information, "Open gas successfully"},
     {pendix::error, "Open gas failed. Please check logs."},
+    {pendix::information, "Seam tracking started"},
+    {pendix::information, "Seam tracking stopped"},
+    {pendix::warning, "Switch the sensor on first"},
 };
 
 QRegularExpression pattern(const char* text)
