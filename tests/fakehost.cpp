@@ -96,11 +96,13 @@ QJsonValue FakeHost::getNodeData(const QString& name)
 
 QStringList FakeHost::getIOByType(const QString& type)
 {
+    called("io");
     return io.value(type);
 }
 
 QHash<QString, QStringList> FakeHost::getRegisterHash()
 {
+    called("registers");
     QHash<QString, QStringList> hash;
     for (const QString& name : qAsConst(registerNames)) {
         hash.insert(name, {});
@@ -110,11 +112,13 @@ QHash<QString, QStringList> FakeHost::getRegisterHash()
 
 QJsonValue FakeHost::getRegisterValue()
 {
+    called("registers");
     return registers;
 }
 
 bool FakeHost::getRobotEleStatus()
 {
+    called("power");
     return powered;
 }
 
@@ -132,6 +136,7 @@ QStringList FakeHost::getPointNameList()
 
 void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
 {
+    called("store");
     calls.append(QStringLiteral("addCurrentPoint %1 %2 %3 %4").arg(name, overwrite ? "true" : "false", tool, wobj));
     if (!io["point"].contains(name)) {
         io["point"].append(name);
@@ -140,31 +145,37 @@ void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QStrin
 
 QStringList FakeHost::getToolList()
 {
+    called("names");
     return io.value("tool");
 }
 
 QStringList FakeHost::getWobjList()
 {
+    called("names");
     return io.value("wobj");
 }
 
 QStringList FakeHost::getSpeedList()
 {
+    called("names");
     return io.value("speed");
 }
 
 QStringList FakeHost::getZoneList()
 {
+    called("names");
     return io.value("zone");
 }
 
 QString FakeHost::getCurTool()
 {
+    called("names");
     return nodes.value("tool").toString();
 }
 
 QString FakeHost::getCurWobj()
 {
+    called("names");
     return nodes.value("wobj").toString();
 }
 
@@ -213,6 +224,7 @@ void FakeHost::changeModelWindowStatus(const QString& plugin, bool modal)
 
 int FakeHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
 {
+    called("neighbour");
     calls.append(QStringLiteral("pluginNoUniqueWidget %1").arg(plugin));
     out = otherWidget ? otherWidget() : nullptr;
     return out != nullptr ? 0 : -1;

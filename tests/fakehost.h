@@ -34,7 +34,9 @@ public:
     int level = 3;                              ///< operator level
     bool powered = false;                       ///< robot power
     QMap<QString, QJsonArray> answers;          ///< result array by command name; else "return" 0 (true for enable)
-    std::function<void(const QString&)> onCall; ///< runs inside "command", "level", "read", "message", "points"
+    /// Runs inside a host call: "command", "level", "power", "read", "message", "io", "registers", "points", "store"
+    /// (of a point), "names" (of tools and the like), "neighbour" (another plug-in's widget).
+    std::function<void(const QString&)> onCall;
     std::function<QWidget*()> otherWidget;      ///< what another plug-in offers; empty or null: nothing
 
     // Recorded, in order.
