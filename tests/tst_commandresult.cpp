@@ -1,4 +1,5 @@
 #include "common/commandresult.h"
+#include "common/controller.h"
 #include "common/logline.h"
 #include "common/operatormessage.h"
 #include "tests/fakehost.h"
@@ -138,6 +139,8 @@ void TestCommandResult::logIdiom()
 
 void TestCommandResult::permission()
 {
+    // Who can't be asked has not agreed.
+    QVERIFY(!operatorMayChange() && controller::isRobotPowered());
     FakeHost host;
     for (int level = 0; level <= 5; ++level) {
         host.level = level;

@@ -55,6 +55,9 @@ void TestLaserTrackingPage::embedsAtOnce()
     QVERIFY(!guest->isWindow() && guest->isVisible());
     QCOMPARE(former.layout()->count(), 0);
     QCOMPARE(guest->size(), page->size());
+    page->resize(10, 10);
+    page->initStyle();
+    QCOMPARE(page->size(), stack.size());
     page->hide();
     page->show();
     QCOMPARE(m_host.calls.count("pluginNoUniqueWidget Mirolt"), 1);
