@@ -132,13 +132,18 @@ void TestLaserTrackingPage::survivesItsGuest()
     page->initStyle();
     QVERIFY(guest == nullptr);
 
-    // A neighbour that throws is asked again.
+    // A neighbour that throws is asked again, one that is still being asked is not.
     m_host.otherWidget = []() -> QWidget* { throw 1; };
     LaserTrackingPage other(nullptr);
     QVERIFY_EXCEPTION_THROWN(other.initStyle(), int);
-    m_host.otherWidget = [&guest] { return guest = new QLabel; };
+    m_host.calls.clear();
+    m_host.otherWidget = [&] {
+        other.initStyle();
+        return guest = new QLabel;
+    };
     other.initStyle();
     QVERIFY(guest != nullptr);
+    QCOMPARE(m_host.calls.size(), 1);
 }
 
 QTEST_MAIN(TestLaserTrackingPage)
