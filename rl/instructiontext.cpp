@@ -8,18 +8,18 @@ namespace corvane::util
 
 bool extractFunctionAndParameters(const QString& input, QString& functionName, QStringList& parameters)
 {
-    const std::optional<CallText> call = scanCall(input);
+    // The input may be one of the outputs, or an element of the list.
+    const QString text = input;
+    const std::optional<CallText> call = scanCall(text);
     if (!call) {
-        logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << input;
+        logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << text;
         functionName.clear();
         parameters.clear();
         return false;
     }
-    const bool isEmpty = call->arguments.isEmpty();
-    parameters = splitArguments(call->arguments);
-    // Last, as the input may be this very variable.
     functionName = call->name.toString();
-    if (isEmpty) {
+    parameters = splitArguments(call->arguments);
+    if (call->arguments.isEmpty()) {
         logLine(LogLevel::Error) << "Extracted Parameter List: (Empty)";
     } else {
         logLine(LogLevel::Debug) << "functionName:" << functionName << ",parameterList:" << parameters;

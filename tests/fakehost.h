@@ -51,6 +51,7 @@ public:
     QPointer<QWidget> statusBar;
 
     QString lastMessage() const; ///< "level|text" of the last message, empty when there is none
+    QStringList warnings() const; ///< the log statements of level warning, the items of each joined by "|"
     void forget();               ///< clears what is recorded
     /// A result array in which the plug-in answers one command.
     static QJsonArray answer(const QString& command, const QJsonValue& code);
