@@ -178,12 +178,12 @@ void TestInstructionEditors::fixedLine()
     FakeHost host;
     RlRegistry::instance().clear();
     const RlLaserWeldDefine registrar(nullptr);
-    QStringList written;
     const QList<RlInstruction> all = RlRegistry::instance().instructions();
+    QStringList written;
     for (const RlInstruction& one : all) {
         for (const RLContentFactory& factory : {one.insertFactory, one.propertyFactory}) {
-            const std::unique_ptr<RLContentBase> editor(one.name.endsWith("Off") ? factory() : nullptr);
-            if (editor != nullptr) {
+            if (one.name.endsWith("Off")) {
+                const std::unique_ptr<RLContentBase> editor(factory());
                 editor->FillWith("LaserOn(\"LsData1\");");
                 QVERIFY(editor->CheckInsert() && editor->CheckReplace());
                 QCOMPARE(editor->findChild<QLabel*>()->text(), QString("No parameters."));
