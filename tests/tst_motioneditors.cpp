@@ -148,7 +148,7 @@ void TestMotionEditors::expressions_data()
     row("Offs(p1,nan,inf,-9999999)", "Offs(p1,0,0,-999999)");
     row("Offs(p1,-0.0000001,0.00012345678,1234567)", "Offs(p1,0,0.000123,999999)");
     row("reltool(p7,1.5,0,0,-90,y,180)", "RelTool(p7,1.5,0,0,-90,0,180)");
-    row("Offs(p7,1,,3)", before, "):Offs paramter number invalid");
+    row("Offs(p7,1,2,3,4)", before, "):Offs paramter number invalid");
     row("RelTool(p7,1,2,3)", before, "):RelTool paramter number invalid");
     row("Other(p7,1,2,3)", before);
     row("p7)", before, "):ExtractFunctionAndParameters failed");
@@ -197,7 +197,11 @@ void TestMotionEditors::modeButtons()
     point.widget.refreshPointList();
     QCOMPARE(point.mode(), QString("offs"));
     // No completion: a new "P1" is not the existing "p1".
-    point.form.type("cbxPoint", "P1");
+    QLineEdit* line = point.list()->lineEdit();
+    line->setFocus();
+    line->selectAll();
+    QTest::keyClicks(line, "P1");
+    QTest::keyClick(line, Qt::Key_Tab);
     QCOMPARE(point.widget.getResult(), QString("Offs(P1,0,0,10.1235)"));
     QCOMPARE(point.list()->count(), 2);
 }
