@@ -60,7 +60,6 @@ private slots:
     void init();
     void everyRow();
     void calls();
-    void patterns_data();
     void patterns();
     void texts();
     void editors_data();
@@ -112,43 +111,33 @@ void TestInstructionCatalogue::calls()
     QCOMPARE(RlRegistry::instance().calls() + QStringList{"createGroups LaserWeld"}, all);
 }
 
-void TestInstructionCatalogue::patterns_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("accepted");
-    const auto rows = [](const char* name, bool accepted, const QStringList& lines) {
-        for (const QString& line : lines) {
-            QTest::addRow("%s", qPrintable(line)) << name << line << accepted;
-        }
-    };
-    rows("LaserOn", true,
-         {"LaserOn(\"LsData1\");", "  LaserOn( \"LsData1\" , 250 );", "LaserOn(\"a b\",0);", "LaserOn(\"x\",5000);",
-          "LaserOn(\"x\",4999);", "LaserOn(\"x\",999);", "LaserOn(\"LsData1\"); // start"});
-    rows("LaserOn", false,
-         {"LaserOn(\"x\",5001);", "LaserOn(\"x\",007);", "LaserOn(\"x\",10000);", "LaserOn(\"x\",-1);",
-          "LaserOn(LsData1);", "LaserOn(\"\");", "LaserOn(\"x\")", "LaserOn (\"x\");", "LaserOn(\"x\",);",
-          "LaserOn(\"a\"b\");", "LaserOn(\"x\"); start"});
-    rows("LsWireFwd", true, {"LsWireFwd(50,1000);", " LsWireFwd( -5 , 7 ); // feed"});
-    rows("LsWireFwd", false, {"LsWireFwd (50,1000);", "LsWireFwd(50);", "LsWireFwd(1.5,2);", "LsWireFwd(+1,2);"});
-    rows("LsWireBwd", true, {"LsWireBwd( 50, -1 ); // retract"});
-    rows("LsWireBwd", false, {"LsWireBwd (50,1000);", "LsWireFwd(50, 1);"});
-    rows("LsParaMatch", true, {"LsParaMatch(\"PowerData1\");", " LsParaMatch( \"x\" ); // on"});
-    rows("LsParaMatch", false, {"LsParaMatch(PowerData1);", "LsParaMatch(\"a\", 1);"});
-    for (const char* name : {"LaserOff", "LsParaMatchOff", "LsParaSet"}) {
-        const QString text = name;
-        rows(name, true, {text, "  " + text + " // text"});
-        rows(name, false, {text + "();", text + ";", "x" + text});
-    }
-}
-
 void TestInstructionCatalogue::patterns()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, line);
-    const QRegularExpression pattern(instruction(name).pattern);
-    QVERIFY(pattern.isValid());
-    QTEST(pattern.match(line).hasMatch(), "accepted");
+    const auto accepts = [](const char* name, bool accepted, const QStringList& lines) {
+        const QRegularExpression pattern(instruction(name).pattern);
+        QVERIFY(pattern.isValid());
+        for (const QString& line : lines) {
+            QVERIFY2(pattern.match(line).hasMatch() == accepted, qPrintable(line));
+        }
+    };
+    accepts("LaserOn", true,
+            {"LaserOn(\"LsData1\");", "  LaserOn( \"LsData1\" , 250 );", "LaserOn(\"a b\",0);", "LaserOn(\"x\",5000);",
+             "LaserOn(\"x\",4999);", "LaserOn(\"x\",999);", "LaserOn(\"LsData1\"); // start"});
+    accepts("LaserOn", false,
+            {"LaserOn(\"x\",5001);", "LaserOn(\"x\",007);", "LaserOn(\"x\",10000);", "LaserOn(\"x\",-1);",
+             "LaserOn(LsData1);", "LaserOn(\"\");", "LaserOn(\"x\")", "LaserOn (\"x\");", "LaserOn(\"x\",);",
+             "LaserOn(\"a\"b\");", "LaserOn(\"x\"); start"});
+    accepts("LsWireFwd", true, {"LsWireFwd(50,1000);", " LsWireFwd( -5 , 7 ); // feed"});
+    accepts("LsWireFwd", false, {"LsWireFwd (50,1000);", "LsWireFwd(50);", "LsWireFwd(1.5,2);", "LsWireFwd(+1,2);"});
+    accepts("LsWireBwd", true, {"LsWireBwd( 50, -1 ); // retract"});
+    accepts("LsWireBwd", false, {"LsWireBwd (50,1000);", "LsWireFwd(50, 1);"});
+    accepts("LsParaMatch", true, {"LsParaMatch(\"PowerData1\");", " LsParaMatch( \"x\" ); // on"});
+    accepts("LsParaMatch", false, {"LsParaMatch(PowerData1);", "LsParaMatch(\"a\", 1);"});
+    for (const char* name : {"LaserOff", "LsParaMatchOff", "LsParaSet"}) {
+        const QString text = name;
+        accepts(name, true, {text, "  " + text + " // text"});
+        accepts(name, false, {text + "();", text + ";", "x" + text});
+    }
 }
 
 /// What is not for translation. A translated text that changes is missed by the translation.

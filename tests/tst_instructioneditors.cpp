@@ -21,33 +21,25 @@ using namespace pendix;
 namespace
 {
 
-/// An editor with its one row that comes and goes.
+/// The editor of LaserOn or of LsParaSet, with its one row that comes and goes.
 struct Shown {
     FakeHost host;
     std::unique_ptr<RLContentBase> editor;
     QSpinBox* number;
     QLabel* label;
 
-    explicit Shown(RLContentBase* made, const char* numberName, const char* labelName)
-        : editor(made), number(made->findChild<QSpinBox*>(numberName)), label(made->findChild<QLabel*>(labelName))
+    explicit Shown(bool isLaserOn)
+        : editor(isLaserOn ? static_cast<RLContentBase*>(new RLLaserOnInsertWidget("LaserOn"))
+                           : new RLParaSetInsertWidget("LsParaSet")),
+          number(editor->findChild<QSpinBox*>()),
+          label(editor->findChild<QLabel*>(isLaserOn ? "labelInPlaceWait" : "label"))
     {
     }
     bool hasRow() const
     {
-        if (number->isVisibleTo(editor.get()) != label->isVisibleTo(editor.get())) {
-            qFatal("half a row");
-        }
-        return number->isVisibleTo(editor.get());
+        const bool isShown = number->isVisibleTo(editor.get());
+        return isShown == label->isVisibleTo(editor.get()) ? isShown : throw std::logic_error("half a row");
     }
-    QComboBox* list(const char* name) const { return editor->findChild<QComboBox*>(name); }
-};
-
-struct LaserOn : Shown {
-    LaserOn() : Shown(new RLLaserOnInsertWidget("LaserOn", nullptr), "spinInPlaceWait", "labelInPlaceWait") {}
-};
-
-struct ParaSet : Shown {
-    ParaSet() : Shown(new RLParaSetInsertWidget("LsParaSet", nullptr), "spinBox_ramp_time", "label") {}
 };
 
 } // namespace
@@ -57,24 +49,23 @@ class TestInstructionEditors : public QObject
     Q_OBJECT
 
 private slots:
-    void laserOn_data();
-    void laserOn();
-    void laserOnByHand();
-    void paraSet_data();
-    void paraSet();
-    void paraSetByHand();
+    void fill_data();
+    void fill();
+    void byHand();
     void fixedLine();
     void generic();
     void exceptions();
 };
 
-void TestInstructionEditors::laserOn_data()
+void TestInstructionEditors::fill_data()
 {
     QTest::addColumn<QStringList>("lines"); // one after the other
     QTest::addColumn<QString>("written");
-    QTest::addColumn<int>("wait");
-    const auto row = [](const char* name, const QStringList& lines, const char* written, int wait) {
-        QTest::newRow(name) << lines << written << wait;
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("warning");
+    const auto row = [](const char* name, const QStringList& lines, const char* written, int number,
+                        const char* warning = "") {
+        QTest::addRow("%.5s: %s", written, name) << lines << written << number << warning;
     };
     const char* spot = "LaserOn(\"LsData3\", 250);";
     row("fresh", {}, "LaserOn(\"LsData1\");", 500);
@@ -86,54 +77,13 @@ void TestInstructionEditors::laserOn_data()
     row("unknown set", {spot, "LaserOn(\"lsdata7\",1)"}, "LaserOn(\"LsData3\", 1);", 1);
     row("no call", {spot, "LaserOn(\"LsData1\"); // comment"}, spot, 250);
     row("no arguments", {spot, "LaserOn();"}, "LaserOn(\"LsData3\");", 250);
-}
-
-void TestInstructionEditors::laserOn()
-{
-    QFETCH(QStringList, lines);
-    QFETCH(QString, written);
-    LaserOn shown;
-    for (const QString& line : qAsConst(lines)) {
-        shown.editor->FillWith(line);
-    }
-    QCOMPARE(shown.editor->ToString(), written);
-    QTEST(shown.number->value(), "wait");
-    QCOMPARE(shown.hasRow(), written.contains(", "));
-    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
-    QVERIFY(shown.host.warnings().isEmpty());
-}
-
-void TestInstructionEditors::laserOnByHand()
-{
-    LaserOn shown;
-    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
-    QComboBox* mode = shown.list("cbxStartMode");
-    QVERIFY(mode->itemData(0) == 0 && mode->itemData(1) == 1);
-    mode->setCurrentIndex(1);
-    QVERIFY(shown.hasRow());
-    mode->setCurrentIndex(0);
-    QVERIFY(!shown.hasRow());
-    QCOMPARE(shown.editor->ToString(), QString("LaserOn(\"LsData1\");"));
-    // Both checks ask for a parameter set.
-    shown.list("cbxLaserDataID")->clear();
-    QVERIFY(!shown.editor->CheckInsert() && !shown.editor->CheckReplace());
-}
-
-void TestInstructionEditors::paraSet_data()
-{
-    QTest::addColumn<QStringList>("lines"); // one after the other
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<int>("time");
-    QTest::addColumn<QString>("warning");
-    const auto row = [](const char* name, const QStringList& lines, const char* written, int time,
-                        const char* warning = "") { QTest::newRow(name) << lines << written << time << warning; };
     const char* timed = "LsParaSet(\"LsData2\",\"Time\",300);";
     row("fresh", {}, "LsParaSet(\"LsData1\");", 200);
-    row("time, lower case", {"LsParaSet( \"LsData5\" , \"time\" , 350 )"}, "LsParaSet(\"LsData5\",\"Time\",350);", 350);
-    row("position, upper case", {"f(LsData5,POS)"}, "LsParaSet(\"LsData5\",\"Pos\");", 200);
+    row("lower case", {"LsParaSet( \"LsData5\" , \"time\" , 350 )"}, "LsParaSet(\"LsData5\",\"Time\",350);", 350);
+    row("upper case", {"f(LsData5,POS)"}, "LsParaSet(\"LsData5\",\"Pos\");", 200);
     row("no value", {timed, "f(LsData1,Time);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
     row("value that is none", {timed, "f(LsData1,Time,x);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
-    row("value too high", {"f(LsData1,Time,5000);"}, "LsParaSet(\"LsData1\",\"Time\",1000);", 1000);
+    row("too long", {"f(LsData1,Time,5000);"}, "LsParaSet(\"LsData1\",\"Time\",1000);", 1000);
     row("unknown ramp", {timed, "f(LsData1,\"Ramp\",5);"}, "LsParaSet(\"LsData1\");", 300);
     row("ramp is kept", {"f(LsData1,Pos)", "f(LsData9)"}, "LsParaSet(\"LsData9\",\"Pos\");", 200);
     row("unknown set", {timed, "f(\"LsData31\",\"Pos\")"}, "LsParaSet(\"LsData2\",\"Pos\");", 300);
@@ -142,35 +92,36 @@ void TestInstructionEditors::paraSet_data()
         " Missing required parameters! funcName:|LsParaSet|, params:|()");
 }
 
-void TestInstructionEditors::paraSet()
+void TestInstructionEditors::fill()
 {
     QFETCH(QStringList, lines);
     QFETCH(QString, written);
-    QFETCH(QString, warning);
-    ParaSet shown;
+    Shown shown(written.startsWith("LaserOn"));
     for (const QString& line : qAsConst(lines)) {
-        shown.host.forget();
         shown.editor->FillWith(line);
-        QCOMPARE(shown.host.logs.value(0).items.last(), line);
     }
     QCOMPARE(shown.editor->ToString(), written);
-    QTEST(shown.number->value(), "time");
-    QCOMPARE(shown.hasRow(), written.contains("Time"));
-    QCOMPARE(shown.host.warnings().join('\n'), warning);
+    QTEST(shown.number->value(), "number");
+    QCOMPARE(shown.hasRow(), written.contains(", ") || written.contains("Time"));
+    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+    QTEST(shown.host.warnings().join('\n'), "warning");
 }
 
-void TestInstructionEditors::paraSetByHand()
+void TestInstructionEditors::byHand()
 {
-    ParaSet shown;
-    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
-    QComboBox* ramp = shown.list("cbxRampType");
-    ramp->setCurrentIndex(1);
-    QVERIFY(shown.hasRow());
-    QCOMPARE(shown.editor->ToString(), QString("LsParaSet(\"LsData1\",\"Time\",200);"));
-    ramp->setCurrentIndex(2);
-    QVERIFY(!shown.hasRow());
-    shown.list("cbxLaserDataID")->clear();
-    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+    for (const bool isLaserOn : {true, false}) {
+        const Shown shown(isLaserOn);
+        QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
+        auto* mode = shown.editor->findChild<QComboBox*>(isLaserOn ? "cbxStartMode" : "cbxRampType");
+        mode->setCurrentIndex(1);
+        QVERIFY(shown.hasRow());
+        mode->setCurrentIndex(0);
+        QVERIFY(!shown.hasRow());
+        // LaserOn asks for a parameter set.
+        shown.editor->findChild<QComboBox*>("cbxLaserDataID")->clear();
+        QCOMPARE(shown.editor->CheckInsert(), !isLaserOn);
+        QCOMPARE(shown.editor->CheckReplace(), !isLaserOn);
+    }
 }
 
 void TestInstructionEditors::fixedLine()

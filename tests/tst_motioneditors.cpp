@@ -9,11 +9,11 @@
 #include "rl/wmovelpropertywidget.h"
 #include "tests/fakehost.h"
 #include "tests/formdriver.h"
+#include "tests/takenaway.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -201,7 +201,7 @@ void TestMotionEditors::modeButtons()
     line->setFocus();
     line->selectAll();
     QTest::keyClicks(line, "P1");
-    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(line, Qt::Key_Return);
     QCOMPARE(point.widget.getResult(), QString("Offs(P1,0,0,10.1235)"));
     QCOMPARE(point.list()->count(), 2);
 }
@@ -447,40 +447,27 @@ void TestMotionEditors::meanwhile()
     QVERIFY(!editor->CheckReplace());
 }
 
-/// Whichever host call takes an editor or its point away: nothing of it is touched, and the host is left alone.
+/// Whichever host call takes an editor or its point away: the host is left alone, and nothing gone is touched.
 void TestMotionEditors::takenAway()
 {
     using pendix::RLContentBase;
-    const struct {
-        const char* kind; ///< empty: a point
-        std::function<bool(QWidget*)> use;
-        int calls; ///< of the host, when it takes nothing away
-    } rows[] = {
-        {"CI",
-         [](QWidget* editor) {
-             return static_cast<RLContentBase*>(editor)->ToString() == "LsMoveC(p3, p4, NULL, z10, gun, wobj0);";
-         },
-         13},
-        {"CI", [](QWidget* editor) { return !static_cast<RLContentBase*>(editor)->CheckInsert(); }, 1},
-        {"", [](QWidget* point) { return static_cast<SetUpPointWidget*>(point)->init(2), true; }, 2},
+    Cell cell;
+    const auto make = [&] {
+        cell.io["point"] = QStringList{"p1", "p2"};
+        return create("CI");
     };
-    for (const auto& row : rows) {
-        for (int place = 1; place <= row.calls; ++place) {
-            Cell cell;
-            const QString kind = row.kind;
-            const QPointer<QWidget> widget =
-                kind.isEmpty() ? new SetUpPointWidget : static_cast<QWidget*>(create(kind));
-            int calls = 0;
-            cell.onCall = [&](const QString&) {
-                if (++calls == place) {
-                    delete widget.data();
-                }
-            };
-            QVERIFY(row.use(widget));
-            QVERIFY(widget.isNull());
-            QCOMPARE(calls, place);
-        }
-    }
+    const auto write = [](RLContentBase* editor) {
+        QCOMPARE(editor->ToString(), QString("LsMoveC(p3, p4, NULL, z10, gun, wobj0);"));
+    };
+    QCOMPARE(takeAwayInEveryCall<RLContentBase>(cell, make, write), 13);
+    QVector<bool> agreed; // with the editor gone, and with it still there
+    const auto check = [&](RLContentBase* editor) { agreed.append(editor->CheckInsert()); };
+    QCOMPARE(takeAwayInEveryCall<RLContentBase>(cell, make, check), 1);
+    QCOMPARE(agreed, QVector<bool>({false, true}));
+    using Widget = SetUpPointWidget;
+    QCOMPARE(takeAwayInEveryCall<Widget>(
+                 cell, [] { return new Widget; }, [](Widget* point) { point->init(2); }),
+             2);
 }
 
 /// Also when the texts have grown after the form was made.
