@@ -9,22 +9,19 @@ namespace corvane::util
 bool extractFunctionAndParameters(const QString& input, QString& functionName, QStringList& parameters)
 {
     const std::optional<CallText> call = scanCall(input);
+    const QString name = call ? call->name.toString() : QString();
+    const QStringList arguments = call ? splitArguments(call->arguments) : QStringList();
     if (!call) {
         logLine(LogLevel::Error) << "Parsing failed: Input string does not match function call format. input:" << input;
-        functionName.clear();
-        parameters.clear();
-        return false;
-    }
-    const bool isEmpty = call->arguments.isEmpty();
-    parameters = splitArguments(call->arguments);
-    // Last, as the input may be this very variable.
-    functionName = call->name.toString();
-    if (isEmpty) {
+    } else if (call->arguments.isEmpty()) {
         logLine(LogLevel::Error) << "Extracted Parameter List: (Empty)";
     } else {
-        logLine(LogLevel::Debug) << "functionName:" << functionName << ",parameterList:" << parameters;
+        logLine(LogLevel::Debug) << "functionName:" << name << ",parameterList:" << arguments;
     }
-    return true;
+    // Last, as the input may be one of the outputs, or an element of the list.
+    functionName = name;
+    parameters = arguments;
+    return call.has_value();
 }
 
 QString removePrefixAndSuffix(const QString& text, const QString& prefix, const QString& suffix)

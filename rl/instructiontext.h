@@ -10,6 +10,7 @@ namespace corvane::util
 /// Splits a call-shaped text, a program line or a point expression, into the function's name and its arguments.
 /// False, with both outputs empty, and an error line in the log, when the text is no call: a trailing "//"
 /// comment, or anything else after the closing parenthesis and an optional ";", makes it none.
+/// The input may be one of the outputs, or an element of the list.
 /// Arguments keep their quotes, which protect nothing: a comma inside a quoted text splits it. Nested calls stay
 /// one argument, empty arguments vanish. A call without arguments is one too, and writes an error line.
 bool extractFunctionAndParameters(const QString& input, QString& functionName, QStringList& parameters);

@@ -15,6 +15,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -23,6 +25,7 @@ constexpr char kDefaultWobj[] = "wobj0";
 constexpr double kLowestRunDeg = -359;
 constexpr double kHighestRunDeg = 3600;
 constexpr double kFullCircle = 360;
+constexpr int kRunDegDecimals = 4;
 /// Speed, zone and tool must follow the points; the work object may.
 constexpr int kRequiredNames = 3;
 constexpr int kCircleNumbers = 2;
@@ -69,7 +72,7 @@ void MotionEditor::createForm(const MotionCaptions& captions)
     layout->setObjectName(QStringLiteral("verticalLayout"));
     for (const char* name : {m_spec.firstPoint, m_spec.secondPoint}) {
         if (name != nullptr) {
-            m_points.append(new SetUpPointWidget(this));
+            m_points.append(new SetUpPointWidget(m_points.size() + 1, this));
             m_points.last()->setObjectName(QLatin1String(name));
             layout->addWidget(m_points.last());
         }
@@ -93,6 +96,7 @@ void MotionEditor::createForm(const MotionCaptions& captions)
         m_rotType = createList();
         addField(m_rotType, "cbxRotType", "label_3", captions.rotType, {2, 0, 2});
         m_runDeg = new QDoubleSpinBox(this);
+        m_runDeg->setDecimals(kRunDegDecimals);
         m_runDeg->setRange(kLowestRunDeg, kHighestRunDeg);
         m_runDeg->setValue(kFullCircle);
         addField(m_runDeg, "sbxRunDeg", "label_6", captions.runDeg, {3, 0, 2});
@@ -121,7 +125,6 @@ void MotionEditor::addField(QWidget* field, const char* name, const char* labelN
 void MotionEditor::initUI(const MotionCaptions& captions)
 {
     for (int i = 0; i < m_points.size(); ++i) {
-        m_points.at(i)->init(i + 1);
         m_points.at(i)->setPointName(captions.points.value(i));
     }
     m_speed->addItems(controller::speedNames());
@@ -175,7 +178,7 @@ QString MotionEditor::ToString()
 {
     // Before the points: storing them makes the lists propose other names.
     QString text = line();
-    if (m_role == Role::Insert && operatorMayChange()) {
+    if (m_role == Role::Insert) {
         storeNewPoints();
     }
     return text;
@@ -183,14 +186,27 @@ QString MotionEditor::ToString()
 
 void MotionEditor::storeNewPoints()
 {
-    const QString tool = controller::currentTool();
-    const QString wobj = controller::currentWobj();
-    for (SetUpPointWidget* point : qAsConst(m_points)) {
-        point->savePoint(tool, wobj);
+    const auto turn = m_business.begin();
+    if (!turn) {
+        return;
+    }
+    // The line's names, before the host is asked: meanwhile they may be typed over.
+    const QVector<SetUpPointWidget*> points = m_points;
+    QStringList names;
+    for (const SetUpPointWidget* point : points) {
+        names.append(point->newPointName());
+    }
+    if (!operatorMayChange()) {
+        return;
+    }
+    const QString tool = turn->ownerLives() ? controller::currentTool() : QString();
+    const QString wobj = turn->ownerLives() ? controller::currentWobj() : QString();
+    for (int i = 0; i < points.size() && turn->ownerLives(); ++i) {
+        points.at(i)->storePoint(names.at(i), tool, wobj);
     }
     // Not before all are stored: a refreshed list has lost the name that was typed into it.
-    for (SetUpPointWidget* point : qAsConst(m_points)) {
-        point->refreshPointList();
+    for (int i = 0; i < points.size() && turn->ownerLives(); ++i) {
+        points.at(i)->refreshPointList();
     }
 }
 
@@ -234,12 +250,20 @@ void MotionEditor::readParameters(const QStringList& parameters)
     }
 }
 
+bool MotionEditor::mayBeWritten() const
+{
+    // First the host, which may let the operator type on: what counts is the text that ToString finds.
+    const Business::Watch watch = m_business.watch();
+    return operatorMayChange() && watch.ownerLives() &&
+           std::all_of(m_points.begin(), m_points.end(), [](const SetUpPointWidget* p) { return p->isWritable(); });
+}
+
 bool MotionEditor::CheckInsert()
 {
-    return m_role == Role::Insert ? operatorMayChange() : RLContentBase::CheckInsert();
+    return m_role == Role::Insert ? mayBeWritten() : RLContentBase::CheckInsert();
 }
 
 bool MotionEditor::CheckReplace()
 {
-    return m_role == Role::Property ? operatorMayChange() : RLContentBase::CheckReplace();
+    return m_role == Role::Property ? mayBeWritten() : RLContentBase::CheckReplace();
 }

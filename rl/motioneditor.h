@@ -1,6 +1,8 @@
 #ifndef RL_MOTIONEDITOR_H
 #define RL_MOTIONEDITOR_H
 
+#include "common/business.h"
+
 #include "pendix/rl.h"
 
 #include <QStringList>
@@ -36,11 +38,15 @@ struct MotionCaptions {
 
 /// The form and the behaviour of all motion editors. A new line gets the controller's active tool and work object,
 /// its first zone, no speed of its own ("NULL") and free point names; what an argument names and no list holds
-/// leaves the list as it is. The run angle is in degrees, -359 to 3600.
+/// leaves the list as it is. The run angle is in degrees, -359 to 3600, with four decimals.
 ///
-/// An insert editor stores new points at the robot's current position in ToString, so call it once per insertion;
-/// below operator level 3 it stores none. A property editor reads an existing line in FillWith. Each agrees to its
-/// own purpose from level 3 on and leaves the other check to the base.
+/// An insert editor stores the line's new points at the robot's current position in ToString, so call it once per
+/// insertion; below operator level 3 it stores none, nor while an earlier call has not returned. A property editor
+/// reads an existing line in FillWith. Each agrees to its own purpose from level 3 on, unless a point's text would
+/// make another line of it (see isPointArgument), and leaves the other check to the base.
+///
+/// A host call may take the editor away. ToString returns its line all the same, but stores nothing more, and a check
+/// does not agree.
 class MotionEditor : public pendix::RLContentBase
 {
     Q_OBJECT
@@ -76,6 +82,7 @@ private:
     void readParameters(const QStringList& parameters);
     QString line() const;
     void storeNewPoints();
+    bool mayBeWritten() const;
 
     const MotionSpec& m_spec;
     Role m_role;
@@ -87,6 +94,7 @@ private:
     QComboBox* m_zone = nullptr;
     QComboBox* m_rotType = nullptr; ///< null unless a circle
     QDoubleSpinBox* m_runDeg = nullptr;
+    Business m_business;
 };
 
 #endif

@@ -8,8 +8,9 @@ namespace pendix
 class RLManager;
 }
 
-/// Registers the ten laser-welding instructions and their group with the host, all in the constructor. The
-/// registrations, editor factories included, stay in force when the object is gone. The host reports no failure.
+/// Registers the laser-welding instructions, each row of the catalogue, and their group with the host, all in the
+/// constructor. The registrations, editor factories included, stay in force when the object is gone. The host reports
+/// no failure.
 class RlLaserWeldDefine : public QObject
 {
     Q_OBJECT
@@ -17,17 +18,21 @@ class RlLaserWeldDefine : public QObject
 public:
     explicit RlLaserWeldDefine(QObject* parent);
 
+    /// One instruction each, once more.
+    void initLaserOn() { init("LaserOn"); }
+    void initLaserOff() { init("LaserOff"); }
+    void initParaSet() { init("LsParaSet"); }
+    void initWireFwd() { init("LsWireFwd"); }
+    void initWireBwd() { init("LsWireBwd"); }
+    void initLsParamMatch() { init("LsParaMatch"); }
+    void initLsParaMatchOff() { init("LsParaMatchOff"); }
+    void initLsMoveL() { init("LsMoveL"); }
+    void initLsMoveC() { init("LsMoveC"); }
+    void initLsMoveCF() { init("LsMoveCF"); }
+
 private:
-    void initLaserOn();
-    void initLaserOff();
-    void initParaSet();
-    void initWireFwd();
-    void initWireBwd();
-    void initLsParamMatch();
-    void initLsParaMatchOff();
-    void initLsMoveL();
-    void initLsMoveC();
-    void initLsMoveCF();
+    /// Registers the row of that name, which must exist.
+    void init(const char* name);
 
     pendix::RLManager* m_manager;
 };

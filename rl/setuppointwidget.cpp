@@ -2,12 +2,16 @@
 
 #include "common/controller.h"
 #include "common/logline.h"
+#include "common/operatormessage.h"
 #include "rl/freshname.h"
 #include "rl/instructionnumber.h"
 #include "rl/instructiontext.h"
+#include "rl/pointargument.h"
 #include "ui_setuppointwidget.h"
 #include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
+
+#include <QPointer>
 
 namespace
 {
@@ -29,7 +33,10 @@ const SetUpPointWidget::ModeRow SetUpPointWidget::kModes[] = {
     {Mode::RelTool, "RelTool", 6, "):RelTool paramter number invalid"},
 };
 
-SetUpPointWidget::SetUpPointWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::SetUpPointWidget>())
+SetUpPointWidget::SetUpPointWidget(QWidget* parent) : SetUpPointWidget(1, parent) {}
+
+SetUpPointWidget::SetUpPointWidget(int index, QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::SetUpPointWidget>())
 {
     ui->setupUi(this);
     // Completion would turn a new "P1" into the existing "p1".
@@ -38,7 +45,7 @@ SetUpPointWidget::SetUpPointWidget(QWidget* parent) : QWidget(parent), ui(std::m
     connect(ui->btnReltool, &QPushButton::clicked, this, &SetUpPointWidget::onBtnRelToolClicked);
     setSelected(ui->btnOffs, false);
     setSelected(ui->btnReltool, false);
-    init(1);
+    init(index);
 }
 
 SetUpPointWidget::~SetUpPointWidget() = default;
@@ -46,8 +53,8 @@ SetUpPointWidget::~SetUpPointWidget() = default;
 void SetUpPointWidget::init(int index)
 {
     m_index = index;
-    initInsertPointListCbx(ui->cbxPoint, index);
     ui->wgtPointParam->hide();
+    refreshPointList();
 }
 
 void SetUpPointWidget::setPointName(const QString& caption)
@@ -136,18 +143,38 @@ void SetUpPointWidget::setPointText(const QString& text)
     }
 }
 
-void SetUpPointWidget::savePoint(const QString& tool, const QString& wobj)
+bool SetUpPointWidget::isWritable() const
+{
+    // The numbers behind it are always arguments.
+    return isPointArgument(ui->cbxPoint->currentText());
+}
+
+QString SetUpPointWidget::newPointName() const
 {
     const QString name = ui->cbxPoint->currentText();
     const bool isListed = ui->cbxPoint->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0;
-    if (name.trimmed().isEmpty() || isListed) {
+    return isListed || !isPointName(name) ? QString() : name;
+}
+
+void SetUpPointWidget::savePoint(const QString& tool, const QString& wobj)
+{
+    storePoint(newPointName(), tool, wobj);
+}
+
+void SetUpPointWidget::storePoint(const QString& name, const QString& tool, const QString& wobj) const
+{
+    if (name.isEmpty()) {
         return;
     }
+    const Business::Watch watch = m_business.watch();
     if (controller::pointNames().contains(name)) {
         logLine(LogLevel::Debug) << "Point" << name << "already exists, skip adding.";
         return;
     }
-    controller::storeCurrentPoint(name, tool, wobj);
+    // The level last of all: it may have changed while the host answered.
+    if (watch.ownerLives() && operatorMayChange() && watch.ownerLives()) {
+        controller::storeCurrentPoint(name, tool, wobj);
+    }
 }
 
 void SetUpPointWidget::resetSbx()
@@ -162,8 +189,13 @@ void SetUpPointWidget::initPointListCbx(QComboBox* box, const QString& name)
     if (box == nullptr) {
         return;
     }
+    const QPointer<QComboBox> watched(box);
+    const QStringList names = controller::pointNames();
+    if (watched.isNull()) {
+        return;
+    }
     box->clear();
-    box->addItems(controller::pointNames());
+    box->addItems(names);
     if (!name.isNull()) {
         box->setCurrentText(name);
     }
@@ -171,7 +203,9 @@ void SetUpPointWidget::initPointListCbx(QComboBox* box, const QString& name)
 
 void SetUpPointWidget::initInsertPointListCbx(QComboBox* box, int index)
 {
-    initPointListCbx(box, getNewPointPName(controller::pointNames(), index));
+    const QPointer<QComboBox> watched(box);
+    const QString name = getNewPointPName(controller::pointNames(), index);
+    initPointListCbx(watched, name);
 }
 
 QString SetUpPointWidget::getNewPointPName(const QStringList& names, int index)

@@ -31,6 +31,17 @@ QString FakeHost::lastMessage() const
                               : QStringLiteral("%1|%2").arg(messages.last().level).arg(messages.last().text);
 }
 
+QStringList FakeHost::warnings() const
+{
+    QStringList found;
+    for (const pendix::LogStatement& statement : logs) {
+        if (statement.tag.startsWith("[W|")) {
+            found.append(statement.items.join('|'));
+        }
+    }
+    return found;
+}
+
 void FakeHost::forget()
 {
     reads.clear();

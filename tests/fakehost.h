@@ -50,8 +50,9 @@ public:
     QPointer<QWidget> centerWidget;
     QPointer<QWidget> statusBar;
 
-    QString lastMessage() const; ///< "level|text" of the last message, empty when there is none
-    void forget();               ///< clears what is recorded
+    QString lastMessage() const;  ///< "level|text" of the last message, empty when there is none
+    QStringList warnings() const; ///< the log statements of level warning, the items of each joined by "|"
+    void forget();                ///< clears what is recorded
     /// A result array in which the plug-in answers one command.
     static QJsonArray answer(const QString& command, const QJsonValue& code);
 

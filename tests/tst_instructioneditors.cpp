@@ -4,6 +4,7 @@
 #include "rl/rllaseroninsertwidget.h"
 #include "rl/rllaserwelddefine.h"
 #include "rl/rlparasetinsertwidget.h"
+#include "rl/wmovelpropertywidget.h"
 #include "tests/fakehost.h"
 
 #include <QComboBox>
@@ -13,49 +14,32 @@
 #include <QTest>
 
 #include <memory>
+#include <stdexcept>
 
 using namespace pendix;
 
 namespace
 {
 
-/// An editor with its one row that comes and goes.
+/// The editor of LaserOn or of LsParaSet, with its one row that comes and goes.
 struct Shown {
     FakeHost host;
     std::unique_ptr<RLContentBase> editor;
     QSpinBox* number;
     QLabel* label;
 
-    explicit Shown(RLContentBase* made, const char* numberName, const char* labelName)
-        : editor(made), number(made->findChild<QSpinBox*>(numberName)), label(made->findChild<QLabel*>(labelName))
+    explicit Shown(bool isLaserOn)
+        : editor(isLaserOn ? static_cast<RLContentBase*>(new RLLaserOnInsertWidget("LaserOn"))
+                           : new RLParaSetInsertWidget("LsParaSet")),
+          number(editor->findChild<QSpinBox*>()),
+          label(editor->findChild<QLabel*>(isLaserOn ? "labelInPlaceWait" : "label"))
     {
     }
     bool hasRow() const
     {
-        if (number->isVisibleTo(editor.get()) != label->isVisibleTo(editor.get())) {
-            qFatal("half a row");
-        }
-        return number->isVisibleTo(editor.get());
+        const bool isShown = number->isVisibleTo(editor.get());
+        return isShown == label->isVisibleTo(editor.get()) ? isShown : throw std::logic_error("half a row");
     }
-    QComboBox* list(const char* name) const { return editor->findChild<QComboBox*>(name); }
-    QStringList warnings() const
-    {
-        QStringList found;
-        for (const LogStatement& statement : host.logs) {
-            if (statement.tag.startsWith("[W|")) {
-                found.append(statement.items.join('|'));
-            }
-        }
-        return found;
-    }
-};
-
-struct LaserOn : Shown {
-    LaserOn() : Shown(new RLLaserOnInsertWidget("LaserOn", nullptr), "spinInPlaceWait", "labelInPlaceWait") {}
-};
-
-struct ParaSet : Shown {
-    ParaSet() : Shown(new RLParaSetInsertWidget("LsParaSet", nullptr), "spinBox_ramp_time", "label") {}
 };
 
 } // namespace
@@ -65,151 +49,100 @@ class TestInstructionEditors : public QObject
     Q_OBJECT
 
 private slots:
-    void laserOn_data();
-    void laserOn();
-    void laserOnByHand();
-    void paraSet_data();
-    void paraSet();
-    void paraSetByHand();
+    void fill_data();
+    void fill();
+    void byHand();
     void fixedLine();
     void generic();
+    void exceptions();
 };
 
-void TestInstructionEditors::laserOn_data()
+void TestInstructionEditors::fill_data()
 {
     QTest::addColumn<QStringList>("lines"); // one after the other
     QTest::addColumn<QString>("written");
-    QTest::addColumn<int>("wait");
-    const QString plain = "LaserOn(\"LsData1\");";
-    const QString spot = "LaserOn(\"LsData3\", 250);";
-    QTest::newRow("fresh") << QStringList{} << plain << 500;
-    QTest::newRow("spot weld") << QStringList{spot} << spot << 250;
-    QTest::newRow("too long") << QStringList{"LaserOn(\"LsData1\",9000)"} << "LaserOn(\"LsData1\", 5000);" << 5000;
-    QTest::newRow("negative") << QStringList{"LaserOn(\"LsData1\",-5)"} << "LaserOn(\"LsData1\", 0);" << 0;
-    QTest::newRow("no number") << QStringList{"LaserOn(\"LsData1\",x)"} << "LaserOn(\"LsData1\", 500);" << 500;
-    QTest::newRow("no whole number") << QStringList{spot, "LaserOn(\"LsData3\",7.5)"} << spot << 250;
-    QTest::newRow("beyond int") << QStringList{spot, "LaserOn(\"LsData3\",9999999999)"} << spot << 250;
-    QTest::newRow("no quotes") << QStringList{"LaserOn(LsData7)"} << "LaserOn(\"LsData7\");" << 500;
-    QTest::newRow("other function") << QStringList{"f(\"LsData7\",1,2)"} << "LaserOn(\"LsData7\", 1);" << 1;
-    QTest::newRow("unknown set") << QStringList{spot, "LaserOn(\"LsData31\",1)"} << "LaserOn(\"LsData3\", 1);" << 1;
-    QTest::newRow("other case") << QStringList{spot, "LaserOn(\"lsdata7\")"} << "LaserOn(\"LsData3\");" << 250;
-    QTest::newRow("no call") << QStringList{spot, plain + " // comment"} << spot << 250;
-    QTest::newRow("no arguments") << QStringList{spot, "LaserOn();"} << "LaserOn(\"LsData3\");" << 250;
-}
-
-void TestInstructionEditors::laserOn()
-{
-    QFETCH(QStringList, lines);
-    QFETCH(QString, written);
-    LaserOn shown;
-    for (const QString& line : qAsConst(lines)) {
-        shown.editor->FillWith(line);
-    }
-    QCOMPARE(shown.editor->ToString(), written);
-    QTEST(shown.number->value(), "wait");
-    QCOMPARE(shown.hasRow(), written.contains(", "));
-    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
-    QVERIFY(shown.warnings().isEmpty());
-}
-
-void TestInstructionEditors::laserOnByHand()
-{
-    LaserOn shown;
-    QVERIFY(shown.number->minimum() == 0 && shown.number->maximum() == 5000);
-    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
-    QComboBox* mode = shown.list("cbxStartMode");
-    QVERIFY(mode->itemData(0) == 0 && mode->itemData(1) == 1 && mode->count() == 2);
-    mode->setCurrentIndex(1);
-    QVERIFY(shown.hasRow());
-    QCOMPARE(shown.editor->ToString(), QString("LaserOn(\"LsData1\", 500);"));
-    mode->setCurrentIndex(0);
-    QVERIFY(!shown.hasRow());
-    QCOMPARE(shown.editor->ToString(), QString("LaserOn(\"LsData1\");"));
-    // Both checks ask for a parameter set.
-    shown.list("cbxLaserDataID")->clear();
-    QVERIFY(!shown.editor->CheckInsert() && !shown.editor->CheckReplace());
-}
-
-void TestInstructionEditors::paraSet_data()
-{
-    QTest::addColumn<QStringList>("lines"); // one after the other
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<int>("time");
+    QTest::addColumn<int>("number");
     QTest::addColumn<QString>("warning");
-    const auto row = [](const char* name, const QStringList& lines, const char* written, int time,
-                        const char* warning = "") { QTest::newRow(name) << lines << written << time << warning; };
-    const QString timed = "LsParaSet(\"LsData2\",\"Time\",300);";
+    const auto row = [](const char* name, const QStringList& lines, const char* written, int number,
+                        const char* warning = "") {
+        QTest::addRow("%.5s: %s", written, name) << lines << written << number << warning;
+    };
+    const char* spot = "LaserOn(\"LsData3\", 250);";
+    row("fresh", {}, "LaserOn(\"LsData1\");", 500);
+    row("spot weld", {spot}, spot, 250);
+    row("too long", {"LaserOn(\"LsData1\",9000)"}, "LaserOn(\"LsData1\", 5000);", 5000);
+    row("negative", {"LaserOn(\"LsData1\",-5)"}, "LaserOn(\"LsData1\", 0);", 0);
+    row("no whole number", {spot, "LaserOn(\"LsData3\",7.5)"}, spot, 250);
+    row("no quotes, other function", {"f(LsData7,1,2)"}, "LaserOn(\"LsData7\", 1);", 1);
+    row("unknown set", {spot, "LaserOn(\"lsdata7\",1)"}, "LaserOn(\"LsData3\", 1);", 1);
+    row("no call", {spot, "LaserOn(\"LsData1\"); // comment"}, spot, 250);
+    row("no arguments", {spot, "LaserOn();"}, "LaserOn(\"LsData3\");", 250);
+    const char* timed = "LsParaSet(\"LsData2\",\"Time\",300);";
     row("fresh", {}, "LsParaSet(\"LsData1\");", 200);
-    row("no ramp", {"LsParaSet(\"LsData30\");"}, "LsParaSet(\"LsData30\");", 200);
-    row("time, lower case", {"LsParaSet( \"LsData5\" , \"time\" , 350 )"}, "LsParaSet(\"LsData5\",\"Time\",350);", 350);
-    row("position, upper case", {"f(LsData5,POS)"}, "LsParaSet(\"LsData5\",\"Pos\");", 200);
-    row("no value", {"LsParaSet(\"LsData1\",\"Time\");"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
-    row("value that is none", {timed, "LsParaSet(\"LsData1\",\"Time\",x);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
-    row("value too high", {"LsParaSet(\"LsData1\",\"Time\",5000);"}, "LsParaSet(\"LsData1\",\"Time\",1000);", 1000);
-    row("value too low", {"LsParaSet(\"LsData1\",\"Time\",-1);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
-    row("unknown ramp", {timed, "LsParaSet(\"LsData1\",\"Ramp\",5);"}, "LsParaSet(\"LsData1\");", 300);
-    row("empty ramp", {timed, "LsParaSet(\"LsData1\",\"\");"}, "LsParaSet(\"LsData1\");", 300);
-    row("ramp is kept", {"f(\"LsData1\",\"Pos\")", "f(\"LsData9\")"}, "LsParaSet(\"LsData9\",\"Pos\");", 200);
-    row("time is kept", {timed, "f(\"LsData9\")"}, "LsParaSet(\"LsData9\",\"Time\",300);", 300);
+    row("lower case", {"LsParaSet( \"LsData5\" , \"time\" , 350 )"}, "LsParaSet(\"LsData5\",\"Time\",350);", 350);
+    row("upper case", {"f(LsData5,POS)"}, "LsParaSet(\"LsData5\",\"Pos\");", 200);
+    row("no value", {timed, "f(LsData1,Time);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
+    row("value that is none", {timed, "f(LsData1,Time,x);"}, "LsParaSet(\"LsData1\",\"Time\",0);", 0);
+    row("too long", {"f(LsData1,Time,5000);"}, "LsParaSet(\"LsData1\",\"Time\",1000);", 1000);
+    row("unknown ramp", {timed, "f(LsData1,\"Ramp\",5);"}, "LsParaSet(\"LsData1\");", 300);
+    row("ramp is kept", {"f(LsData1,Pos)", "f(LsData9)"}, "LsParaSet(\"LsData9\",\"Pos\");", 200);
     row("unknown set", {timed, "f(\"LsData31\",\"Pos\")"}, "LsParaSet(\"LsData2\",\"Pos\");", 300);
-    row("no call", {timed, "LsParaSet(\"LsData1\"); // text"}, qPrintable(timed), 300);
-    row("no arguments", {timed, "LsParaSet();"}, qPrintable(timed), 300,
+    row("no call", {timed, "LsParaSet(\"LsData1\"); // text"}, timed, 300);
+    row("no arguments", {timed, "LsParaSet();"}, timed, 300,
         " Missing required parameters! funcName:|LsParaSet|, params:|()");
 }
 
-void TestInstructionEditors::paraSet()
+void TestInstructionEditors::fill()
 {
     QFETCH(QStringList, lines);
     QFETCH(QString, written);
-    QFETCH(QString, warning);
-    ParaSet shown;
+    Shown shown(written.startsWith("LaserOn"));
     for (const QString& line : qAsConst(lines)) {
-        shown.host.forget();
         shown.editor->FillWith(line);
-        QCOMPARE(shown.host.logs.value(0).items.last(), line);
     }
     QCOMPARE(shown.editor->ToString(), written);
-    QTEST(shown.number->value(), "time");
-    QCOMPARE(shown.hasRow(), written.contains("Time"));
-    QCOMPARE(shown.warnings().join('\n'), warning);
+    QTEST(shown.number->value(), "number");
+    QCOMPARE(shown.hasRow(), written.contains(", ") || written.contains("Time"));
+    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+    QTEST(shown.host.warnings().join('\n'), "warning");
 }
 
-void TestInstructionEditors::paraSetByHand()
+void TestInstructionEditors::byHand()
 {
-    ParaSet shown;
-    QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
-    QComboBox* ramp = shown.list("cbxRampType");
-    QCOMPARE(QStringList({ramp->itemText(0), ramp->itemText(1), ramp->itemText(2)}), QStringList({"", "Time", "Pos"}));
-    ramp->setCurrentIndex(1);
-    QVERIFY(shown.hasRow());
-    QCOMPARE(shown.editor->ToString(), QString("LsParaSet(\"LsData1\",\"Time\",200);"));
-    ramp->setCurrentIndex(2);
-    QVERIFY(!shown.hasRow());
-    shown.list("cbxLaserDataID")->clear();
-    QVERIFY(shown.editor->CheckInsert() && shown.editor->CheckReplace());
+    for (const bool isLaserOn : {true, false}) {
+        const Shown shown(isLaserOn);
+        QCOMPARE(shown.number->buttonSymbols(), QAbstractSpinBox::NoButtons);
+        auto* mode = shown.editor->findChild<QComboBox*>(isLaserOn ? "cbxStartMode" : "cbxRampType");
+        mode->setCurrentIndex(1);
+        QVERIFY(shown.hasRow());
+        mode->setCurrentIndex(0);
+        QVERIFY(!shown.hasRow());
+        // LaserOn asks for a parameter set.
+        shown.editor->findChild<QComboBox*>("cbxLaserDataID")->clear();
+        QCOMPARE(shown.editor->CheckInsert(), !isLaserOn);
+        QCOMPARE(shown.editor->CheckReplace(), !isLaserOn);
+    }
 }
 
 void TestInstructionEditors::fixedLine()
 {
     FakeHost host;
     RlRegistry::instance().clear();
-    delete new RlLaserWeldDefine(nullptr);
-    int checked = 0;
+    const RlLaserWeldDefine registrar(nullptr);
     const QList<RlInstruction> all = RlRegistry::instance().instructions();
+    QStringList written;
     for (const RlInstruction& one : all) {
-        if (one.name != "LaserOff" && one.name != "LsParaMatchOff") {
-            continue;
-        }
         for (const RLContentFactory& factory : {one.insertFactory, one.propertyFactory}) {
-            const std::unique_ptr<RLContentBase> editor(factory());
-            editor->FillWith("LaserOn(\"LsData1\");");
-            QCOMPARE(editor->ToString(), one.name + "();");
-            QVERIFY(editor->CheckInsert() && editor->CheckReplace());
-            QCOMPARE(editor->findChild<QLabel*>()->text(), QString("No parameters."));
-            ++checked;
+            if (one.name.endsWith("Off")) {
+                const std::unique_ptr<RLContentBase> editor(factory());
+                editor->FillWith("LaserOn(\"LsData1\");");
+                QVERIFY(editor->CheckInsert() && editor->CheckReplace());
+                QCOMPARE(editor->findChild<QLabel*>()->text(), QString("No parameters."));
+                written.append(editor->ToString());
+            }
         }
     }
-    QCOMPARE(checked, 4);
+    QCOMPARE(written.join(' '), QString("LaserOff(); LaserOff(); LsParaMatchOff(); LsParaMatchOff();"));
 }
 
 void TestInstructionEditors::generic()
@@ -228,6 +161,41 @@ void TestInstructionEditors::generic()
         QCOMPARE(host.logs.size(), 1);
         QVERIFY(host.logs[0].tag.startsWith("[D|"));
         QCOMPARE(host.logs[0].items.join('|'), QString("RLCustomInsertWidget::FillWith : |Ins%1| : |Ins%1 8,9"));
+    }
+}
+
+/// No exception leaves FillWith, whatever an editor's lists set off.
+void TestInstructionEditors::exceptions()
+{
+    FakeHost host;
+    host.io["zone"] = QStringList{"z10", "fine"};
+    const struct {
+        RLContentBase* editor;
+        const char* list;
+        const char* line;
+        const char* unknown;
+    } rows[] = {
+        {new RLLaserOnInsertWidget("LaserOn", nullptr), "cbxLaserDataID", "f(LsData%1)", " unknown exception"},
+        {new RLParaSetInsertWidget("LsParaSet", nullptr), "cbxLaserDataID", "f(LsData%1)",
+         "Caught an unknown exception!"},
+        {new WMoveLPropertyWidget, "cbxPoint", "f(p%1,v,z,t)", " Caught an unknown exception!"},
+    };
+    for (const auto& row : rows) {
+        const std::unique_ptr<RLContentBase> editor(row.editor);
+        bool isStandard = true;
+        connect(editor->findChild<QComboBox*>(row.list), &QComboBox::currentTextChanged, [&isStandard] {
+            if (isStandard) {
+                throw std::runtime_error("broken");
+            }
+            throw 7;
+        });
+        const QString line = row.line;
+        editor->FillWith(line.arg(8));
+        QCOMPARE(host.logs.last().items.join('|'), QString("LASER::|FillWith| std::exception:|broken"));
+        isStandard = false;
+        editor->FillWith(line.arg(9));
+        QCOMPARE(host.logs.last().items, QStringList{row.unknown});
+        QVERIFY(host.logs.last().tag.startsWith("[W|"));
     }
 }
 

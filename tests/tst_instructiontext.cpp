@@ -17,9 +17,9 @@ const QString kNoCall = "E|Parsing failed: Input string does not match function 
 /// Texts that a reader of calls could trip over, in pieces.
 QStringList alphabet()
 {
-    QStringList pieces{"(",  ")",  ";", ",", "\"", " ", "\t", "\n", "\r", "\v",
-                       "\f", "//", "_", "a", "Z",  "0", "9",  "[",  "%1"};
-    const QVector<ushort> others{0, 0x1f, 0x85, 0xa0, 0xe9, 0x660, 0x2028, 0x3000, 0x70b9, 0xd800, 0xdc00, 0xfeff};
+    QStringList pieces = QString("( ) ; , \" // _ a Z 0 9 [ %1").split(' ');
+    const QVector<ushort> others{0,    9,    10,    11,     12,     13,     ' ',    0x1f,   0x85,
+                                 0xa0, 0xe9, 0x660, 0x2028, 0x3000, 0x70b9, 0xd800, 0xdc00, 0xfeff};
     for (const ushort code : others) {
         pieces.append(QChar(code));
     }
@@ -47,34 +47,21 @@ void TestInstructionText::split_data()
     const auto call = [](const char* text, const char* name, const QStringList& arguments) {
         QTest::newRow(QByteArray(text).simplified()) << QString(text) << QString(name) << arguments;
     };
-    call("LaserOn(\"LsData1\");", "LaserOn", {"\"LsData1\""});
     call("LaserOn(\"Ls,Data1\", 5)", "LaserOn", {"\"Ls", "Data1\"", "5"});
     call("LsMoveL(Offs(p1,10,0,-2.5), v100, z10, tool0, wobj0);", "LsMoveL",
          {"Offs(p1,10,0,-2.5)", "v100", "z10", "tool0", "wobj0"});
     call("f(g(h(1,2),3),4)", "f", {"g(h(1,2),3)", "4"});
     call("f([1,2], 3)", "f", {"[1", "2]", "3"});
-    call(" \t_f9 \n ( a ) ; \n", "", {}); // a blank before the semicolon
     call(" \t_f9 \n ( a );\r\n\v\f ", "_f9", {"a"});
     call("LaserOff();", "LaserOff", {});
-    call("f( \t )", "f", {});
     call("f(a,,b)", "f", {"a", "b"});
     call("f(, ,)", "f", {});
-    call("f(a\t,\vb\r)", "f", {"a", "b"});
     call("f(a), b)", "f", {"a)", "b"});
     call("f(), b), c)", "f", {")", "b)", "c"});
     call("f((a, b)", "f", {"(a, b"});
-    call("f(a;)", "f", {"a;"});
     call("f(a)(b)", "f", {"a)(b"});
-    for (const char* refused : {"", "LaserOn", "f(", "f)", "(a)", " (a)", "f(a);;", "f(a); // comment", "f(a)// b",
-                                "a f(b)", "a.f(b)", "-f(b)", "f(a) b", "f(a\nb)", "f(a)\nb"}) {
-        call(refused, "", {});
-    }
+    call("f(a); // comment", "", {});
     QTest::newRow("blanks of other scripts") << QString("f(\u00a0a\u3000,\u0085)") << "f" << QStringList{"a"};
-    QTest::newRow("another blank before") << QString("\u00a0f(a)") << "" << QStringList();
-    QTest::newRow("letters of other scripts") << QString::fromUtf8("点(a)") << "" << QStringList();
-    QTest::newRow("their arguments") << QString::fromUtf8("f(点)") << "f" << QStringList{QString::fromUtf8("点")};
-    QTest::newRow("half a character") << "f(" + QString(QChar(0xd800)) + ")"
-                                      << "" << QStringList();
 }
 
 void TestInstructionText::split()
@@ -88,17 +75,19 @@ void TestInstructionText::split()
     QCOMPARE(extractFunctionAndParameters(text, readName, readArguments), !name.isEmpty());
     QCOMPARE(readName, name);
     QCOMPARE(readArguments, arguments);
-    QString both = text; // the input may be an output
+    const bool isEmpty = text.contains("()") && arguments.isEmpty();
+    const QString told = isEmpty ? QString("E|Extracted Parameter List: (Empty)")
+                                 : QString("D|functionName:|%1|,parameterList:|(%2)").arg(name, arguments.join(", "));
+    QCOMPARE(host.logs.size(), 1);
+    QCOMPARE(host.logs[0].tag.mid(1, 2) + host.logs[0].items.join('|'), name.isEmpty() ? kNoCall + text : told);
+    // The input may be an output, or stand in one; nobody else holds the text then.
+    QString both = QString(text.constData(), text.size());
     extractFunctionAndParameters(both, both, readArguments);
     QCOMPARE(both, name);
-    QString log = kNoCall + text;
-    if (!name.isEmpty()) {
-        const bool isEmpty = text.mid(text.indexOf('(') + 1).trimmed().startsWith(')') && arguments.isEmpty();
-        log = isEmpty ? QString("E|Extracted Parameter List: (Empty)")
-                      : QString("D|functionName:|%1|,parameterList:|(%2)").arg(name, arguments.join(", "));
-    }
-    QCOMPARE(host.logs.size(), 2);
-    QCOMPARE(host.logs[0].tag.mid(1, 2) + host.logs[0].items.join('|'), log);
+    QStringList list{QString(text.constData(), text.size())};
+    extractFunctionAndParameters(list[0], readName, list);
+    QCOMPARE(list, arguments);
+    QCOMPARE(host.logs.last().items, host.logs.first().items);
 }
 
 void TestInstructionText::likeTheExpression()
@@ -134,14 +123,13 @@ void TestInstructionText::ends()
 {
     QCOMPARE(removePrefixAndSuffix("<<a>", "<<", ">"), QString("a"));
     QCOMPARE(removePrefixAndSuffix("<>", "<", ">"), QString(""));
-    for (const QString same : {"<a", "a>", "Xay", "aba"}) {
+    QCOMPARE(removePrefixAndSuffix("aba", "ab", "ba"), QString("aba"));
+    for (const QString same : {"<a", "a>", "Xay", "<"}) {
         QCOMPARE(removePrefixAndSuffix(same, "<", ">"), same);
         QCOMPARE(removePrefixAndSuffix(same, "x", "y"), same);
-        QCOMPARE(removePrefixAndSuffix(same, "ab", "ba"), same);
     }
     QCOMPARE(unwrapQuotes("\"\"a\"\""), QString("\"a\""));
-    QCOMPARE(unwrapQuotes("\"\""), QString(""));
-    for (const QString same : {"\"", "", "\"a", "a\"", " \"a\"", "'a'"}) {
+    for (const QString same : {"\"", "", "\"a", " \"a\""}) {
         QCOMPARE(unwrapQuotes(same), same);
     }
 }

@@ -4,6 +4,7 @@
 #include "checks/fuzz/input.h"
 #include "checks/fuzz/require.h"
 #include "checks/support/scramble.h"
+#include "rl/instructiontext.h"
 #include "rl/rlcustominsertwidget.h"
 #include "rl/rlcustompropretywidget.h"
 #include "rl/rllaseroninsertwidget.h"
@@ -131,12 +132,25 @@ QString inventLine(Dice& dice)
     return "LsMoveL(" + arguments.join(',') + (dice.oneIn(16) ? "" : ");");
 }
 
-/// Whether a typed point name can be read again: one that is no single argument can't, nor what no call may hold.
-bool isReadable(const QString& name)
+/// Whether a typed text is a point's name for sure: one that holds nothing of what lines are made of.
+bool isName(const QString& text)
 {
-    const auto breaks = [](QChar c) { return c == ',' || c == '(' || c == ')' || c == '\n'; };
-    return !name.isEmpty() && name == name.trimmed() && name.isValidUtf16() &&
-           std::none_of(name.begin(), name.end(), breaks);
+    const auto isPart = [](QChar c) {
+        return QString("\",();\u2028\u2029").contains(c) || c.category() == QChar::Other_Control;
+    };
+    return !text.isEmpty() && text == text.trimmed() && text.isValidUtf16() && !text.contains("//") &&
+           std::none_of(text.begin(), text.end(), isPart);
+}
+
+/// Whether a line is one call with that many arguments, whose parentheses match and which nothing follows.
+bool isOneCall(const QString& line, int arguments, int quotes)
+{
+    QString name;
+    QStringList found;
+    return corvane::util::extractFunctionAndParameters(line, name, found) && found.size() == arguments &&
+           line.count('(') == line.count(')') && line.count(';') == 1 && line.count('"') == quotes &&
+           !line.contains("//") &&
+           std::all_of(found.begin(), found.end(), [](const QString& one) { return one.count('(') == one.count(')'); });
 }
 
 void requireReadBack(const Row& row, const QString& written)
@@ -171,34 +185,39 @@ void checkLine(const Row& row, const QString& line)
 /// Types a point and switches its expression, as an operator does; then lets the editor write.
 void checkByHand(FakeHost& host, const Row& row, Dice& dice)
 {
-    const QStringList names{"p1", "P1", "p3", "weld", " ", "a,b", "%1"};
+    const QStringList names{"p1", "P1", "p3", "weld", " ", "a,b", "%1", "Offs(p1,0,0,5)", "p1); f(\"a\"", "a/b"};
     host.level = dice.below(5);
     const Editor editor = row.create();
     QStringList fresh;
-    bool readable = true;
+    bool allNames = true;
     const auto points = editor->findChildren<SetUpPointWidget*>();
     for (const SetUpPointWidget* point : points) {
         auto* list = point->findChild<QComboBox*>(QStringLiteral("cbxPoint"));
         const QString name = dice.below(2) == 0 ? dice.oneOf(names) : anyText(dice);
         list->setEditText(name);
-        readable = readable && isReadable(list->currentText());
+        allNames = allNames && isName(list->currentText());
         for (const char* button : {"btnOffs", "btnReltool", "btnOffs"}) {
             if (dice.below(2) == 1) {
                 point->findChild<QPushButton*>(QLatin1String(button))->click();
             }
         }
         const QString typed = list->currentText();
-        if (!typed.trimmed().isEmpty() && !host.io["point"].contains(typed) && !fresh.contains(typed)) {
+        if (isName(typed) && !host.io["point"].contains(typed) && !fresh.contains(typed)) {
             fresh.append(typed);
         }
     }
     host.calls.clear();
-    const QString written = editor->ToString();
     const bool mayChange = host.level > 2;
-    require(editor->CheckInsert() == (row.stores && mayChange), "an insertion is allowed or refused wrongly");
-    require(editor->CheckReplace() == (!row.stores && mayChange), "a replacement is allowed or refused wrongly");
+    const bool agrees = row.stores ? editor->CheckInsert() : editor->CheckReplace();
+    require(!(row.stores ? editor->CheckReplace() : editor->CheckInsert()), "an editor agrees to the other's purpose");
+    require(mayChange || !agrees, "a line is allowed below level 3");
+    require(!mayChange || !allNames || agrees, "a line is refused wrongly");
+    const QString written = editor->ToString();
+    const bool isCircle = written.startsWith("LsMoveCF");
+    require(!agrees || isOneCall(written, isCircle ? 8 : 4 + points.size(), isCircle ? 2 : 0),
+            "a point's name makes another line");
     require(host.calls.size() == (row.stores && mayChange ? fresh.size() : 0), "points are stored that must not be");
-    if (row.reads && readable) {
+    if (row.reads && allNames) {
         requireReadBack(row, written);
     }
 }
