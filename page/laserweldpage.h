@@ -1,6 +1,8 @@
 #ifndef PAGE_LASERWELDPAGE_H
 #define PAGE_LASERWELDPAGE_H
 
+#include "widgets/stylekey.h"
+
 #include <QWidget>
 
 class CharacteristicsCurvePage;
@@ -53,6 +55,7 @@ private:
     WeldParameterPage* paramPage = nullptr;
     LaserTrackingPage* trackingPage = nullptr;
     int trackingIndex = -1;
+    StyleSteps m_style;
 };
 
 #endif

@@ -2,6 +2,7 @@
 #define PAGE_WELDSETTINGPAGE_H
 
 #include "widgets/formfields.h"
+#include "widgets/stylekey.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -51,7 +52,7 @@ public:
 
     void initConnect();
 
-    /// Sheets, fonts and row heights for the screen the page is on.
+    /// Sheets, fonts and row heights for the screen the page is on; nothing when they are in place already.
     void initStyle();
 
 signals:
@@ -75,6 +76,7 @@ private:
     void fillSignalCombos();
     void loadFromController();
     void applyOperateStatus(bool mayChange);
+    void applySheets();
     void applyCompactLayout();
     void save();
     void cancel();
@@ -84,6 +86,7 @@ private:
 
     std::unique_ptr<Ui::WeldSettingPage> ui;
     FormFields m_fields;
+    StyleSteps m_style;
     bool m_commandUnderWay = false;
 };
 
