@@ -30,7 +30,7 @@ ARROWS = {
     "simulator":  [SDK, SEAM],
     "tests":      [SDK, SEAM, *PACKAGE, GATHERED, "simulator"],
     "checks":     [SDK, SEAM, *PACKAGE, GATHERED, "simulator", "tests"],
-    "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED],
+    "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED, "tests"],
     GATHERED:     [SDK, SEAM, *PACKAGE],
 }
 
