@@ -9,6 +9,8 @@
 #include <QStyle>
 #include <QStyleOptionComboBox>
 
+#include <memory>
+
 namespace
 {
 
@@ -38,12 +40,20 @@ void ListComboBox::setNames(const QSharedPointer<NameListModel>& names)
     }
     const QSignalBlocker silent(this);
     if (model() != names.data()) {
+        const std::unique_ptr<QItemSelectionModel> former(view()->selectionModel());
         setModel(names.data());
         m_names = names; // only now: the former list may end here
         // Even a list that is not on the screen lays out all entries when a style or a font changes.
-        view()->setModel(nullptr);
+        setListModel(nullptr);
     }
     setCurrentIndex(0);
+}
+
+void ListComboBox::setListModel(QAbstractItemModel* listed)
+{
+    // The view makes itself a selection model for every model, and would keep the former ones.
+    const std::unique_ptr<QItemSelectionModel> former(view()->selectionModel());
+    view()->setModel(listed);
 }
 
 QSize ListComboBox::sizeHint() const
@@ -89,7 +99,7 @@ void ListComboBox::prepareList()
 {
     UiScale::configurePopupList(view());
     if (view()->model() != model()) {
-        view()->setModel(model());
+        setListModel(model());
         connect(view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 [this](const QModelIndex& current) { emit highlighted(current.row()); });
     }

@@ -32,6 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void setListModel(QAbstractItemModel* listed);
     void prepareList();
 
     QSharedPointer<NameListModel> m_names;

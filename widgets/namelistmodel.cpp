@@ -12,7 +12,8 @@ QVariant NameListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) {
         return {};
     }
-    return index.row() == 0 ? QString() : m_names.at(index.row() - 1);
+    // Empty, not null: only the former matches a search for nothing.
+    return index.row() == 0 ? QStringLiteral("") : m_names.at(index.row() - 1);
 }
 
 QModelIndexList NameListModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,

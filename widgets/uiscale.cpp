@@ -194,7 +194,7 @@ void applyContentFonts(QWidget* root, int points)
     const QFont font = contentFont(root, points);
     const auto apply = [&font](const auto& widgets) {
         for (QWidget* widget : widgets) {
-            if (widget->font() != font) {
+            if (widget->font().family() != font.family() || widget->font().pointSize() != font.pointSize()) {
                 widget->setFont(font);
             }
         }

@@ -42,7 +42,7 @@ public:
         if (!isStillThere(fileName)) {
             open(fileName);
         }
-        if (m_file.write(line) != line.size() && !m_complained) {
+        if ((!m_file.isOpen() || m_file.write(line) != line.size()) && !m_complained) {
             m_complained = true;
             complain(fileName, m_file.errorString());
         }
