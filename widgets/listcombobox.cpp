@@ -20,7 +20,6 @@ constexpr int kCharacters = 8; // as in "Weld_DO1"; a form may say another numbe
 
 ListComboBox::ListComboBox(QWidget* parent) : QComboBox(parent)
 {
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kCharacters);
 }
 

@@ -7,8 +7,8 @@
 #include <QSharedPointer>
 
 /// A combo box whose list may be 100,000 names long: nothing but opening it, and looking a text up, takes longer with
-/// a longer list. It measures none of its entries but is as wide as minimumContentsLength() characters, and it makes
-/// and lays out its popup list only when that is opened. Not to be made editable.
+/// a longer list. It measures none of its entries but is as wide as minimumContentsLength() characters (8 unless set),
+/// whatever its size policy says, and lays out its popup list only when that is opened. Not to be made editable.
 class ListComboBox : public QComboBox
 {
     Q_OBJECT
