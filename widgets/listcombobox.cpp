@@ -84,10 +84,11 @@ void ListComboBox::keyPressEvent(QKeyEvent* event)
 
 void ListComboBox::changeEvent(QEvent* event)
 {
-    // A combo box answers a new font by making its popup list and laying out every entry.
+    // A combo box answers a new font by making its popup list and laying out every entry; that can wait.
     if (event->type() == QEvent::FontChange) {
         m_listFontOutdated = true;
-        QWidget::changeEvent(event);
+        updateGeometry();
+        update();
     } else {
         QComboBox::changeEvent(event);
     }
