@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # What compilers and tests don't see: format, clang-tidy, connections by name, who may include whom, what
 # the documents name, the scripts. Every part has its say, whatever the others find.
-need git clang clang-format clang-tidy python3 shellcheck "${bench_packages[@]}"
+need git clang clang-format clang-tidy python3 shellcheck
 cd "$root"
 # The checkout may belong to another user than the one who runs the checks, root in a container for one.
 export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0="$root"

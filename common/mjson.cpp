@@ -3,7 +3,9 @@
 #include "common/controller.h"
 #include "common/naturalorder.h"
 #include "common/registerfilter.h"
+#include "common/sortedlist.h"
 
+#include <QHash>
 #include <QJsonObject>
 
 namespace mJson
@@ -46,7 +48,10 @@ const QStringList& numericTypes()
 
 QStringList sortedIo(const char* type)
 {
-    return naturalSort(controller::ioNames(QLatin1String(type)));
+    static QHash<QString, SortedList> lists;
+    const QString key = QString::fromLatin1(type);
+    const QStringList names = controller::ioNames(key); // first: the host may spin the event loop and lead here again
+    return lists[key].of(names);
 }
 
 } // namespace

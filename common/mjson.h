@@ -7,7 +7,8 @@
 #include <QStringList>
 
 /// The catalogue of the controller's I/O signals and registers as the pages' drop-down lists need it, and
-/// small JSON accessors. Every call asks the host anew; missing or malformed host data gives empty lists.
+/// small JSON accessors. Every call asks the host anew; missing or malformed host data gives empty lists. I/O signals
+/// that the host gives unchanged are not sorted again.
 namespace mJson
 {
 

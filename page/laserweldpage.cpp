@@ -9,6 +9,7 @@
 #include "page/weldsettingpage.h"
 #include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
+#include "widgets/wholescrollbar.h"
 
 #include <QFile>
 #include <QShowEvent>
@@ -48,6 +49,8 @@ LaserWeldPage::LaserWeldPage(QWidget* parent) : QWidget(parent), ui(new Ui_Laser
 {
     logLine(LogLevel::Information) << "LaserWeldPage" << __LINE__;
     ui->setupUi(this);
+    // Before there are pages: a sheet restyles every widget below it.
+    applyOwnStyle();
     prepareContent();
     createPages();
     connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, [this](int index) {
@@ -60,7 +63,6 @@ LaserWeldPage::LaserWeldPage(QWidget* parent) : QWidget(parent), ui(new Ui_Laser
         }
     });
     fitCurrentPage();
-    applyOwnStyle();
 }
 
 LaserWeldPage::~LaserWeldPage()
@@ -76,6 +78,8 @@ void LaserWeldPage::prepareContent()
     UiScale::applyExpandingPage(ui->scrollAreaWidgetContents);
     UiScale::applyExpandingPage(ui->wgtContent);
     ui->verticalLayout->setStretch(0, 1);
+    ui->scrollArea->setVerticalScrollBar(new WholeScrollBar);
+    ui->scrollArea->setHorizontalScrollBar(new WholeScrollBar);
     connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, &LaserWeldPage::fitCurrentPage);
 }
 
@@ -109,6 +113,10 @@ void LaserWeldPage::createPages()
 
 void LaserWeldPage::applyOwnStyle()
 {
+    if (!m_style.sheetsAreDue(this)) {
+        return;
+    }
+    setScaledSheet(this, kScrollBarSheet);
     setScaledSheet(ui->wgtContent, "QWidget{background-color:white;}");
     setScaledSheet(ui->wgtTitle, "QWidget{background-color:white;}");
     setScaledSheet(ui->lblTitle, "QLabel#lblTitle{font:bold 16px;min-height:30px;}");
@@ -180,7 +188,7 @@ void LaserWeldPage::showEvent(QShowEvent* event)
 
 void LaserWeldPage::initStyle()
 {
-    setScaledSheet(this, kScrollBarSheet);
+    applyOwnStyle();
     settingPage->initStyle();
     ioPage->initStyle();
     curvePage->initStyle();

@@ -2,6 +2,7 @@
 #define PAGE_LASERWELDPAGE_H
 
 #include "common/business.h"
+#include "widgets/stylekey.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -64,6 +65,7 @@ private:
     LaserTrackingPage* trackingPage = nullptr;
     int trackingIndex = -1;
     QPointer<QWidget> m_wanted; ///< the sub-page of the last click, while a change is under way
+    StyleSteps m_style;
     Business m_business;
 };
 

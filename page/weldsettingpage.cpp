@@ -4,10 +4,9 @@
 #include "common/names.h"
 #include "common/operatormessage.h"
 #include "page/weldsettingfields.h"
+#include "widgets/formlayout.h"
 #include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
-
-#include <algorithm>
 
 namespace
 {
@@ -22,28 +21,6 @@ std::unique_ptr<Ui::WeldSettingPage> buildForm(WeldSettingPage* page)
     auto form = std::make_unique<Ui::WeldSettingPage>();
     form->setupUi(page);
     return form;
-}
-
-QList<QLabel*> unitLabels(const QWidget* page)
-{
-    QList<QLabel*> units = page->findChildren<QLabel*>();
-    units.erase(std::remove_if(units.begin(), units.end(),
-                               [](const QLabel* label) { return label->property("type") != QLatin1String("unit"); }),
-                units.end());
-    return units;
-}
-
-/// Gives all widgets the width that the widest one asks for.
-template <typename T>
-void alignWidths(const QList<T*>& widgets)
-{
-    int width = 0;
-    for (const T* widget : widgets) {
-        width = std::max(width, widget->sizeHint().width());
-    }
-    for (T* widget : widgets) {
-        widget->setMinimumWidth(width);
-    }
 }
 
 } // namespace
@@ -159,6 +136,18 @@ bool WeldSettingPage::validateLaserCheckTime() const
 
 void WeldSettingPage::initStyle()
 {
+    if (m_style.sheetsAreDue(this)) {
+        applySheets();
+    }
+    if (m_style.sizesAreDue(this)) {
+        applyCompactLayout();
+        alignWidths(numberFields(this));
+        alignWidths(unitLabels(this));
+    }
+}
+
+void WeldSettingPage::applySheets()
+{
     QFrame* const panels[] = {ui->frame, ui->frame_2, ui->frame_3, ui->frame_4, ui->frame_5, ui->frame_WireSticking};
     for (QFrame* panel : panels) {
         setPanelFrameStyle(panel);
@@ -169,22 +158,11 @@ void WeldSettingPage::initStyle()
         button->setFont(font);
         button->setMinimumHeight(UiScale::lineHeight(font) + kButtonMargin);
     }
-    applyCompactLayout();
-    // Fields and units stand in one line across the frames, whose grids know nothing of each other. Measured
-    // last and never before the sheets are set: measuring polishes a widget, and a sheet set later on a frame
-    // that is not on the screen yet would no longer reach it.
-    alignWidths(findChildren<QSpinBox*>());
-    alignWidths(unitLabels(this));
 }
 
 void WeldSettingPage::applyCompactLayout()
 {
     // Minimum: the page stack gives the page its content's height and leaves the rest of the screen free.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
-    tightenPageHorizontalSpacers(this);
-    const int rowHeight = UiScale::formRowHeight(this);
-    const QList<QSpinBox*> spinBoxes = findChildren<QSpinBox*>();
-    for (QSpinBox* spinBox : spinBoxes) {
-        spinBox->setMinimumHeight(rowHeight);
-    }
+    compactRows(this);
 }

@@ -5,6 +5,7 @@
 #include "common/commandresult.h"
 #include "page/pageaccess.h"
 #include "widgets/formfields.h"
+#include "widgets/stylekey.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -52,7 +53,7 @@ public:
 
     void initConnect();
 
-    /// Sheets, fonts and row heights for the screen the page is on.
+    /// Sheets, fonts and row heights for the screen the page is on; nothing when they are in place already.
     void initStyle();
 
 signals:
@@ -84,8 +85,8 @@ private:
     bool fillSignalCombos(const Business::Turn& turn);
     bool loadFromController(const Business::Turn& turn);
     bool applyAccess(const Business::Turn& turn);
-    bool mayChange(const Business::Turn& turn);
     void lockPage();
+    void applySheets();
     void applyCompactLayout();
     void save();
     Fields saveNow(const Business::Turn& turn);
@@ -98,6 +99,7 @@ private:
 
     std::unique_ptr<Ui::WeldSettingPage> ui;
     FormFields m_fields;
+    StyleSteps m_style;
     bool m_shownMeanwhile = false; ///< while a business was under way, which then has to be caught up with
     Business m_business;
 };

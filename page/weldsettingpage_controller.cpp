@@ -67,12 +67,8 @@ bool WeldSettingPage::fillSignalCombos(const Business::Turn& turn)
     if (!turn.ownerLives()) {
         return false;
     }
-    ui->comboBox_detection_do->clear();
-    ui->comboBox_detection_do->addItem(QString());
-    ui->comboBox_detection_do->addItems(outputs);
-    ui->comboBox_feedback_di->clear();
-    ui->comboBox_feedback_di->addItem(QString());
-    ui->comboBox_feedback_di->addItems(inputs);
+    ui->comboBox_detection_do->setNames(outputs);
+    ui->comboBox_feedback_di->setNames(inputs);
     return true;
 }
 

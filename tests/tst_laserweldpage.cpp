@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
 
@@ -56,6 +57,7 @@ private slots:
     void clickWhileAPageIsShown();
     void pageTakenAway();
     void styles();
+    void stylesOnlyWhatChanged();
     void addPage();
     void pageStatus();
     void smallScreenScrolls();
@@ -164,6 +166,31 @@ void TestLaserWeldPage::styles()
     }
 }
 
+void TestLaserWeldPage::stylesOnlyWhatChanged()
+{
+    struct : QObject {
+        int changes = 0;
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            changes += event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange ? 1 : 0;
+            return false;
+        }
+    } counter;
+    Shown shown;
+    shown.page.initStyle();
+    const auto* field = shown.form.find<QSpinBox>("spinBox_laser_power");
+    QVERIFY2(!field->testAttribute(Qt::WA_WState_Polished), "a page that was never shown is not measured");
+    shown.page.show();
+    QVERIFY(field->minimumWidth() > 0);
+    QCoreApplication::instance()->installEventFilter(&counter);
+    shown.page.initStyle();
+    QCOMPARE(counter.changes, 0);
+    shown.host.nodes.insert("brisel.fontzoom", 2.0);
+    const int height = field->minimumHeight();
+    shown.page.initStyle();
+    QVERIFY(field->minimumHeight() > height);
+}
+
 void TestLaserWeldPage::addPage()
 {
     Shown shown;
@@ -201,6 +228,9 @@ void TestLaserWeldPage::smallScreenScrolls()
     QTRY_VERIFY(shown.form.find<QScrollArea>("scrollArea")->verticalScrollBar()->maximum() > 0);
     QTRY_VERIFY2(shown.form.find<QScrollArea>("scrollArea")->horizontalScrollBar()->maximum() > 0,
                  "texts are scrolled to, not cut off");
+    for (const QScrollBar* bar : shown.page.findChildren<QScrollBar*>()) {
+        QVERIFY2(!bar->isVisible() || bar->parentWidget()->rect().contains(bar->geometry()), "a border is cut off");
+    }
     // The setting page keeps its content's height, so its last row can be reached.
     QTRY_VERIFY(shown.current()->height() >= shown.form.find("pushButton_save")->geometry().bottom());
     shown.page.resize(1000, 900);

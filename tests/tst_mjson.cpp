@@ -2,44 +2,12 @@
 #include "tests/fakehost.h"
 
 #include <QJsonDocument>
-#include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
 
 namespace
 {
-
-using Tokens = QVector<QPair<bool, QString>>;
-
-/// The order as it is defined, token by token with a regular expression: slow, but plain to read.
-bool definedLess(const QString& a, const QString& b)
-{
-    static const QRegularExpression expression("([A-Za-z]+|\\d+)");
-    const auto split = [](const QString& text) {
-        Tokens tokens;
-        for (auto matches = expression.globalMatch(text); matches.hasNext();) {
-            const QString token = matches.next().captured(1);
-            bool isNumber = false;
-            token.toInt(&isNumber);
-            tokens.append({isNumber, token});
-        }
-        return tokens;
-    };
-    const Tokens ta = split(a);
-    const Tokens tb = split(b);
-    for (int i = 0; i < std::min(ta.size(), tb.size()); ++i) {
-        if (ta[i].first && tb[i].first) {
-            if (ta[i].second.toInt() != tb[i].second.toInt()) {
-                return ta[i].second.toInt() < tb[i].second.toInt();
-            }
-        } else if (ta[i].second != tb[i].second) {
-            return ta[i].second < tb[i].second;
-        }
-    }
-    return ta.size() < tb.size();
-}
 
 QJsonValue metadata(const char* json)
 {
@@ -54,61 +22,33 @@ class TestMJson : public QObject
     Q_OBJECT
 
 private slots:
-    void naturalOrder_data();
     void naturalOrder();
-    void naturalOrderAgreesWithDefinition();
     void signalLists();
-    void registerLists_data();
     void registerLists();
-    void accessWords();
-    void integerTypes();
+    void words();
     void firstFilledKeyCounts();
-    void registerWarnings_data();
     void registerWarnings();
     void registerLength();
     void accessors();
 };
 
-void TestMJson::naturalOrder_data()
-{
-    QTest::addColumn<QStringList>("sorted");
-    QTest::newRow("numbers by value") << QStringList{"DO1", "DO2", "DO10"};
-    QTest::newRow("underscore is skipped") << QStringList{"R_a2", "R_b1"};
-    QTest::newRow("fewer tokens first") << QStringList{"abc", "abc1", "abc1x"};
-    QTest::newRow("upper case first") << QStringList{"DO9", "do1"};
-    QTest::newRow("a number before letters, as text") << QStringList{"7", "x"};
-    QTest::newRow("too long for an int: as text") << QStringList{"R10000000000", "R9999999999"};
-    QTest::newRow("beyond ASCII separates") << QStringList{QString::fromUtf8("焊1"), QString::fromUtf8("a焊"), "b"};
-    QTest::newRow("empty names") << QStringList{"", "_", "a"};
-}
-
 void TestMJson::naturalOrder()
 {
-    QFETCH(QStringList, sorted);
-    QStringList reversed = sorted;
-    std::reverse(reversed.begin(), reversed.end());
-    if (QLatin1String(QTest::currentDataTag()) == QLatin1String("empty names")) {
-        reversed = QStringList{"a", "", "_"}; // "" and "_" are equal and keep their order
-    }
-    QCOMPARE(mJson::naturalSort(reversed), sorted);
-}
-
-void TestMJson::naturalOrderAgreesWithDefinition()
-{
-    QRandomGenerator random(7);
-    const QString alphabet = QString::fromUtf8("aBz019_ 焊٣");
-    for (int round = 0; round < 200; ++round) {
-        QStringList names;
-        for (int i = 0; i < 40; ++i) {
-            QString name;
-            for (int length = random.bounded(14); length > 0; --length) {
-                name += alphabet.at(random.bounded(alphabet.size()));
-            }
-            names.append(name);
-        }
-        QStringList expected = names;
-        std::stable_sort(expected.begin(), expected.end(), definedLess);
-        QCOMPARE(mJson::naturalSort(names), expected);
+    const QStringList lists[] = {
+        {"DO1", "DO2", "DO10"},           // numbers by value
+        {"R999999999", "R1000000000"},    // as long as they fit an int,
+        {"R10000000000", "R9999999999"},  // else as text
+        {"a0", "aB"},                     // a number before letters, also as text
+        {"abc", "abc1", "abc1x", "abcd"}, // fewer tokens first
+        {"DO9", "do1"},                   // upper case first
+        {"R_a2", "R_b1"},                 // what is neither letter nor digit only separates
+        {QString::fromUtf8("焊1"), QString::fromUtf8("a焊"), "b"},
+        {"", "_", "a"}, // equal names keep their order
+    };
+    for (const QStringList& sorted : lists) {
+        QStringList turned = sorted;
+        std::rotate(turned.begin(), turned.end() - 1, turned.end());
+        QCOMPARE(mJson::naturalSort(turned), sorted);
     }
 }
 
@@ -119,15 +59,15 @@ void TestMJson::signalLists()
                {"AI", {"AI4"}},         {"GO", {"GO5"}}, {"GI", {"GI6"}}};
     host.registerNames = QStringList{"R10", "R9"};
     QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO10"}));
+    host.io["DO"].append("DO3"); // only an unchanged list may be taken as sorted before
+    QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO3", "DO10"}));
     QCOMPARE(mJson::GetDI() + mJson::GetAO() + mJson::GetAI() + mJson::GetGO() + mJson::GetGI(),
              QStringList({"DI1", "AO3", "AI4", "GO5", "GI6"}));
     QCOMPARE(mJson::GetREG(), QStringList({"R9", "R10"}));
 }
 
-void TestMJson::registerLists_data()
+void TestMJson::registerLists()
 {
-    QTest::addColumn<QStringList>("list");
-    QTest::addColumn<QStringList>("expected");
     FakeHost host;
     host.registers = metadata(R"([
         {"name":"B2","type":"bool","rw":"rw"}, {"name":"B10","type":"BIT","rw":"ro"}, {"name":"B1","type":"bool","rw":"w"},
@@ -136,65 +76,45 @@ void TestMJson::registerLists_data()
         {"reg_name":"Alt","value_type":"bool","mode":"r"}, {"name":" ","key":"Key","data_type":"bool","perm":"x"},
         {"id":77,"reg_type":"int64","permission":"wo"}, {"name":"S1","type":"string","rw":"rw"},
         {"name":"","type":"bool","rw":"w"}, 5, null])");
-    const auto row = [](const char* name, const QStringList& list, const QStringList& expected) {
-        QTest::newRow(name) << list << expected;
-    };
-    row("bool", mJson::GetREGBool(), {"Alt", "B1", "B2", "B10", "Key"});
-    row("bool writable", mJson::GetREGBoolWritable(), {"B1", "B2"});
-    row("bool readable", mJson::GetREGBoolReadable(), {"Alt", "B10"});
-    row("integer", mJson::GetREGInteger(), {"77", "I1", "I2"});
-    row("integer writable", mJson::GetREGIntegerWritable(), {"77", "I1"});
-    row("integer readable", mJson::GetREGIntegerReadable(), {"I2"});
-    row("float", mJson::GetREGFloat(), {"F1", "F2"});
-    row("float writable", mJson::GetREGFloatWritable(), {"F1"});
-    row("float readable", mJson::GetREGFloatReadable(), {"F2"});
-    row("numeric", mJson::GetREGNumeric(), {"77", "F1", "F2", "I1", "I2"});
-    row("numeric writable", mJson::GetREGNumericWritable(), {"77", "F1", "I1"});
-    row("numeric readable", mJson::GetREGNumericReadable(), {"F2", "I2"});
-    row("unknown access word filters nothing", mJson::GetREGByTypes({" STRING "}, "maybe"), {"S1"});
-    row("no types", mJson::GetREGByTypes({}), {});
+    QCOMPARE(mJson::GetREGBool(), QStringList({"Alt", "B1", "B2", "B10", "Key"}));
+    QCOMPARE(mJson::GetREGBoolWritable(), QStringList({"B1", "B2"}));
+    QCOMPARE(mJson::GetREGBoolReadable(), QStringList({"Alt", "B10"}));
+    QCOMPARE(mJson::GetREGInteger(), QStringList({"77", "I1", "I2"}));
+    QCOMPARE(mJson::GetREGIntegerWritable(), QStringList({"77", "I1"}));
+    QCOMPARE(mJson::GetREGIntegerReadable(), QStringList({"I2"}));
+    QCOMPARE(mJson::GetREGFloat(), QStringList({"F1", "F2"}));
+    QCOMPARE(mJson::GetREGFloatWritable(), QStringList({"F1"}));
+    QCOMPARE(mJson::GetREGFloatReadable(), QStringList({"F2"}));
+    QCOMPARE(mJson::GetREGNumeric(), QStringList({"77", "F1", "F2", "I1", "I2"}));
+    QCOMPARE(mJson::GetREGNumericWritable(), QStringList({"77", "F1", "I1"}));
+    QCOMPARE(mJson::GetREGNumericReadable(), QStringList({"F2", "I2"}));
+    QCOMPARE(mJson::GetREGByTypes({" STRING "}, "maybe"), QStringList({"S1"})); // an unknown word filters nothing
+    QCOMPARE(mJson::GetREGByTypes({}), QStringList());
 }
 
-void TestMJson::registerLists()
-{
-    QFETCH(QStringList, list);
-    QTEST(list, "expected");
-}
-
-void TestMJson::accessWords()
+void TestMJson::words()
 {
     const QStringList readOnly{"rd", "read", "ro", "r", "readonly"};
     const QStringList writable{"wr", "write", "w", "wo", "wt", "rdwr", "rw"};
+    const QStringList integers{"int8",  "uint8",  "byte",  "int16", "uint16", "word",   "short",
+                               "int32", "uint32", "dword", "int",   "int64",  "uint64", "long"};
     FakeHost host;
     QJsonArray registers;
     for (const QString& word : readOnly + writable + QStringList{"x"}) {
         registers.append(QJsonObject{{"name", word}, {"type", "bool"}, {"rw", word}});
     }
-    host.registers = registers;
-    const auto passing = [](const QString& rw) {
-        const QStringList names = mJson::GetREGByTypes({"bool"}, rw);
-        return QSet<QString>(names.begin(), names.end());
-    };
-    for (const char* rw : {"r", "read", "RD ", "ro"}) {
-        QCOMPARE(passing(rw), QSet<QString>(readOnly.begin(), readOnly.end()));
-    }
-    for (const char* rw : {"w", "write", "wr", " Wo"}) {
-        QCOMPARE(passing(rw), QSet<QString>(writable.begin(), writable.end()));
-    }
-    QCOMPARE(passing("rw").size(), registers.size());
-}
-
-void TestMJson::integerTypes()
-{
-    const QStringList types{"int8",  "uint8",  "byte",  "int16", "uint16", "word",   "short",
-                            "int32", "uint32", "dword", "int",   "int64",  "uint64", "long"};
-    FakeHost host;
-    QJsonArray registers;
-    for (const QString& type : types) {
+    for (const QString& type : integers) {
         registers.append(QJsonObject{{"name", type}, {"type", type}, {"rw", "rw"}});
     }
     host.registers = registers;
-    QCOMPARE(mJson::GetREGInteger(), mJson::naturalSort(types));
+    for (const char* rw : {"r", "read", "RD ", "ro"}) {
+        QCOMPARE(mJson::GetREGByTypes({"bool"}, rw), mJson::naturalSort(readOnly));
+    }
+    for (const char* rw : {"w", "write", "wr", " Wo"}) {
+        QCOMPARE(mJson::GetREGByTypes({"bool"}, rw), mJson::naturalSort(writable));
+    }
+    QCOMPARE(mJson::GetREGByTypes({"bool"}, "rw").size(), readOnly.size() + writable.size() + 1); // no filter
+    QCOMPARE(mJson::GetREGInteger(), mJson::naturalSort(integers));
 }
 
 void TestMJson::firstFilledKeyCounts()
@@ -217,31 +137,25 @@ void TestMJson::firstFilledKeyCounts()
     }
 }
 
-void TestMJson::registerWarnings_data()
-{
-    const QByteArray noArray =
-        "[corvane][JsonCommon] getRegisterValue is not an array, cannot filter registers by type.";
-    const QByteArray incomplete =
-        "[corvane][JsonCommon] register metadata missing name/type/rw (type/reg_type/value_type/data_type + "
-        "rw/access/perm/permission/mode), cannot filter by type and read/write.";
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QByteArray>("warning");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("no array") << QByteArray("{}") << noArray << QStringList();
-    QTest::newRow("empty") << QByteArray("[]") << incomplete << QStringList();
-    QTest::newRow("no access anywhere") << QByteArray(R"([{"name":"R1","type":"bool"}])") << incomplete
-                                        << QStringList{"R1"};
-}
-
 void TestMJson::registerWarnings()
 {
-    QFETCH(QByteArray, json);
-    QFETCH(QByteArray, warning);
-    QFETCH(QStringList, names);
-    FakeHost host;
-    host.registers = metadata(json);
-    QTest::ignoreMessage(QtWarningMsg, warning.constData());
-    QCOMPARE(mJson::GetREGBool(), names);
+    constexpr char kNoArray[] =
+        "[corvane][JsonCommon] getRegisterValue is not an array, cannot filter registers by type.";
+    constexpr char kIncomplete[] =
+        "[corvane][JsonCommon] register metadata missing name/type/rw (type/reg_type/value_type/data_type + "
+        "rw/access/perm/permission/mode), cannot filter by type and read/write.";
+    const struct {
+        const char* json;
+        const char* warning;
+        QStringList names;
+    } cases[] = {
+        {"{}", kNoArray, {}}, {"[]", kIncomplete, {}}, {R"([{"name":"R1","type":"bool"}])", kIncomplete, {"R1"}}};
+    for (const auto& expected : cases) {
+        FakeHost host;
+        host.registers = metadata(expected.json);
+        QTest::ignoreMessage(QtWarningMsg, expected.warning);
+        QCOMPARE(mJson::GetREGBool(), expected.names);
+    }
 }
 
 void TestMJson::registerLength()

@@ -11,16 +11,31 @@
 namespace
 {
 
-/// A page whose layout needs the given height at any width.
-QWidget* createPage(QSizePolicy::Policy policy, int height)
+/// A page whose layout needs the given height at any width, and as much as its words.
+QWidget* createPage(QSizePolicy::Policy policy, int height, int words = 0)
 {
     auto* page = new QWidget;
     page->setSizePolicy(QSizePolicy::Preferred, policy);
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* content = new QWidget;
+    layout->setSpacing(0);
+    auto* content = new QLabel(QStringLiteral("word ").repeated(words));
+    content->setWordWrap(words > 0);
     content->setMinimumHeight(height);
     layout->addWidget(content);
+    return page;
+}
+
+/// A compact page that holds a stack with a compact page of its own.
+QWidget* createNest(int height, int innerHeight, StackedWidgetFit** inner = nullptr)
+{
+    QWidget* page = createPage(QSizePolicy::Minimum, height);
+    auto* stack = new StackedWidgetFit;
+    stack->addWidget(createPage(QSizePolicy::Minimum, innerHeight));
+    page->layout()->addWidget(stack);
+    if (inner != nullptr) {
+        *inner = stack;
+    }
     return page;
 }
 
@@ -81,8 +96,7 @@ void TestStackedWidgetFit::fitsByPolicy()
     const struct {
         QSizePolicy::Policy policy;
         int height, pageHeight, minimum;
-    } cases[] = {{QSizePolicy::Minimum, 600, 350, 0},
-                 {QSizePolicy::Fixed, 350, 350, 0},
+    } cases[] = {{QSizePolicy::Fixed, 600, 350, 0},
                  {QSizePolicy::Minimum, 200, 200, 350},
                  {QSizePolicy::Preferred, 200, 200, 0},
                  {QSizePolicy::MinimumExpanding, 600, 600, 0}};
@@ -116,10 +130,7 @@ void TestStackedWidgetFit::measuresFramesAndText()
 
     // Wrapped text gets higher as the scroll bar takes width away.
     ScrolledStack scrolled;
-    QWidget* text = createPage(QSizePolicy::Minimum, 10);
-    auto* label = new QLabel(QStringLiteral("word ").repeated(2000));
-    label->setWordWrap(true);
-    text->layout()->addWidget(label);
+    QWidget* text = createPage(QSizePolicy::Minimum, 10, 2000);
     scrolled.stack->addWidget(text);
     scrolled.area.show();
     QTRY_VERIFY(scrolled.range() > 0);
@@ -135,11 +146,7 @@ void TestStackedWidgetFit::scrollsTallPages()
     ScrolledStack scrolled;
     QWidget* page = createPage(QSizePolicy::Minimum, 700);
     scrolled.stack->addWidget(page);
-    QWidget* expanding = createPage(QSizePolicy::Expanding, 700);
-    auto* text = new QLabel(QStringLiteral("word ").repeated(100));
-    text->setWordWrap(true);
-    expanding->layout()->addWidget(text);
-    scrolled.stack->addWidget(expanding);
+    scrolled.stack->addWidget(createPage(QSizePolicy::Expanding, 700, 100));
     scrolled.area.show();
     QTRY_COMPARE(scrolled.range(), 400);
     QCOMPARE(page->height(), 700);
@@ -160,12 +167,8 @@ void TestStackedWidgetFit::comesToRest()
 {
     // A stack on a page of a stack: measuring the page must not set off the next measurement.
     ScrolledStack scrolled;
-    QWidget* page = createPage(QSizePolicy::Minimum, 100);
-    auto* inner = new StackedWidgetFit;
-    inner->addWidget(createPage(QSizePolicy::Minimum, 350));
-    page->layout()->addWidget(inner);
-    page->layout()->setSpacing(0);
-    scrolled.stack->addWidget(page);
+    StackedWidgetFit* inner = nullptr;
+    scrolled.stack->addWidget(createNest(100, 350, &inner));
     scrolled.area.show();
     QCOMPARE(unrestOf(scrolled.stack), 0);
     QCOMPARE(inner->height(), 350);
@@ -175,15 +178,9 @@ void TestStackedWidgetFit::comesToRest()
     QWidget narrow;
     auto* row = new QHBoxLayout(&narrow);
     auto* outer = new StackedWidgetFit;
-    QWidget* holder = createPage(QSizePolicy::Minimum, 10);
-    auto* nested = new StackedWidgetFit;
-    nested->addWidget(createPage(QSizePolicy::Minimum, 50));
-    holder->layout()->addWidget(nested);
-    outer->addWidget(holder);
+    outer->addWidget(createNest(10, 50));
     row->addWidget(outer);
-    auto* label = new QLabel(QStringLiteral("word ").repeated(50));
-    label->setWordWrap(true);
-    row->addWidget(label, 1);
+    row->addWidget(createPage(QSizePolicy::Preferred, 0, 50), 1);
     narrow.resize(400, 300);
     narrow.show();
     outer->setMaximumWidth(0);

@@ -1,6 +1,7 @@
 #include "widgets/enablebutton.h"
 
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPropertyAnimation>
 
@@ -11,6 +12,7 @@ constexpr QSize kSize(50, 24);
 constexpr int kSlideSteps = 25;
 constexpr int kSlideMs = 200;
 constexpr double kTrackShare = 0.6; // of the knob's diameter
+constexpr double kLockedOpacity = 0.5;
 
 /// A text as whole pixels; 0 for no number. Bounded, so that sums of widths and paddings can't overflow.
 int toPixels(const QString& text)
@@ -176,28 +178,46 @@ void EnableButton::mousePressEvent(QMouseEvent* event)
     emit enabled(isEnabled);
 }
 
-void EnableButton::paintEvent(QPaintEvent* /*event*/)
+void EnableButton::paintEvent(QPaintEvent* event)
 {
-    const int innerW = innerWidth();
-    const int knob = innerHeight();
-    if (innerW < knob) {
+    if (innerWidth() < innerHeight()) {
         return;
     }
     if (lastWidth != width()) {
         moveSlider(animation->currentValue(), false);
         lastWidth = width();
     }
+    QPainter painter(this);
+    if (QWidget::isEnabled()) {
+        paintSwitch(painter);
+        return;
+    }
+    // Faded as one picture: with each shape faded by itself, what the knob covers would show through it.
+    const QRect rect = event->rect();
+    const qreal ratio = devicePixelRatioF();
+    QPixmap picture(rect.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter picturePainter(&picture);
+    picturePainter.translate(-rect.topLeft());
+    paintSwitch(picturePainter);
+    picturePainter.end();
+    painter.setOpacity(kLockedOpacity);
+    painter.drawPixmap(rect.topLeft(), picture);
+}
+
+void EnableButton::paintSwitch(QPainter& painter) const
+{
+    const int knob = innerHeight();
     const int track = static_cast<int>(knob * kTrackShare);
     const int trackTop = paddingTop + (knob - track) / 2;
     const int half = knob / 2;
-
-    QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
 
     painter.setBrush(isEnabled ? enableBackgroundColor : disableBackgroundColor);
     painter.drawEllipse(paddingLeft + half, trackTop, track, track);
-    painter.drawRect(paddingLeft + half + track / 2, trackTop, innerW - knob - track, track);
+    painter.drawRect(paddingLeft + half + track / 2, trackTop, innerWidth() - knob - track, track);
     painter.drawEllipse(width() - paddingRight - half - track, trackTop, track, track);
 
     painter.setBrush(isEnabled ? enableFrontColor : disableFrontColor);

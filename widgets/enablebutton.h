@@ -8,7 +8,8 @@ class QPropertyAnimation;
 
 /// The slide switch of every boolean setting: a track with a knob that slides from left (off, the initial
 /// state) to right (on). A left press toggles it and reports; code sets it silently, so that pages can load
-/// values without setting off their own handlers. 50 x 24 pixels unless its style text says otherwise.
+/// values without setting off their own handlers. 50 x 24 pixels unless its style text says otherwise. A switch that
+/// can't be operated, because it or a parent is disabled, is drawn at half opacity.
 class EnableButton : public QWidget
 {
     Q_OBJECT
@@ -49,6 +50,7 @@ protected:
 private:
     int innerWidth() const { return width() - paddingLeft - paddingRight; }
     int innerHeight() const { return height() - paddingTop - paddingBottom; }
+    void paintSwitch(QPainter& painter) const;
     void applyStyle(const QString& key, const QString& value);
 
     QPropertyAnimation* animation;

@@ -39,8 +39,7 @@ const QScreen* screenOf(const QWidget* w)
 
 double dpiScale(const QWidget* w)
 {
-    const QScreen* screen = screenOf(w);
-    return screen != nullptr ? qBound(kMinScale, screen->logicalDotsPerInchX() / kReferenceDpi, kMaxScale) : 1.0;
+    return qBound(kMinScale, screenDpi(w) / kReferenceDpi, kMaxScale);
 }
 
 double damped(double scale)
@@ -76,6 +75,12 @@ QString dampNumbers(const QString& sheet, const QRegularExpression& expression, 
 }
 
 } // namespace
+
+double screenDpi(const QWidget* w)
+{
+    const QScreen* screen = screenOf(w);
+    return screen != nullptr ? screen->logicalDotsPerInchX() : kReferenceDpi;
+}
 
 double contentScaleRatio(const QWidget* w)
 {
@@ -189,7 +194,9 @@ void applyContentFonts(QWidget* root, int points)
     const QFont font = contentFont(root, points);
     const auto apply = [&font](const auto& widgets) {
         for (QWidget* widget : widgets) {
-            widget->setFont(font);
+            if (widget->font().family() != font.family() || widget->font().pointSize() != font.pointSize()) {
+                widget->setFont(font);
+            }
         }
     };
     apply(root->findChildren<QSpinBox*>());

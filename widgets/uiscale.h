@@ -1,6 +1,9 @@
 #ifndef WIDGETS_UISCALE_H
 #define WIDGETS_UISCALE_H
 
+#include "widgets/uiscale_detail.h" // IWYU pragma: export
+#include "widgets/uiscale_popup.h"  // IWYU pragma: export
+
 #include <QFont>
 #include <QString>
 
@@ -16,6 +19,9 @@ class QWidget;
 /// host's font zoom is asked for in every call that needs it.
 namespace UiScale
 {
+
+/// Logical dots per inch of the screen that w is on; 96 without a screen.
+double screenDpi(const QWidget* w);
 
 /// Factor for point sizes: 1.0 up to 96 dpi, 0.75 at 192 dpi, never above 1.0.
 double contentScaleRatio(const QWidget* w);
@@ -60,25 +66,9 @@ QString scaleStylesheet(const QString& sheet, const QWidget* w);
 /// Lets a page grow in both directions; ignores null.
 void applyExpandingPage(QWidget* page);
 
-/// Gives all spin boxes and combo boxes below root the content font; ignores null and points below 1.
+/// Gives all spin boxes and combo boxes below root the content font; ignores null and points below 1. Who has it
+/// keeps it: setting it once more would lay out every list again.
 void applyContentFonts(QWidget* root, int points);
-
-/// Squeezes the form of the welding-parameter detail page into dense rows. What lies inside
-/// "frame_config_header" keeps its layout. Ignores null.
-void applyWeldParamDetailPage(QWidget* page, const QWidget* w);
-
-/// A popup list of at most maxVisible rows (10 if below 1) with uniform rows, scrolled row by row, with a vertical
-/// scroll bar when needed and no horizontal one. Ignores null.
-void configureComboBoxPopup(QComboBox* combo, int maxVisible);
-void configureDetailComboBoxPopup(QComboBox* combo, const QWidget* w);   ///< 10 rows.
-void adjustIoPageComboBoxPopup(QComboBox* combo, int maxVisible);        ///< The same as configureComboBoxPopup.
-void installIoPageComboBoxPopupFilter(QComboBox* combo, int maxVisible); ///< The same as configureComboBoxPopup.
-
-/// Cuts the popup to its rows, at most maxVisible (10 if below 1), each time it opens; some styles ignore
-/// the combo box's own row limit. forceComboBoxPopupBelow also keeps the popup below the combo box. Each takes effect
-/// once per combo box: a second call, or null, is ignored.
-void forceComboBoxPopupBelow(QComboBox* combo, int maxVisible);
-void limitComboBoxPopupHeight(QComboBox* combo, int maxVisible);
 
 } // namespace UiScale
 

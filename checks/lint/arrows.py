@@ -30,7 +30,7 @@ ARROWS = {
     "simulator":  [SDK, SEAM],
     "tests":      [SDK, SEAM, *PACKAGE, GATHERED, "simulator"],
     "checks":     [SDK, SEAM, *PACKAGE, GATHERED, "simulator", "tests"],
-    "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED],
+    "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED, "tests"],
     GATHERED:     [SDK, SEAM, *PACKAGE],
 }
 
@@ -39,6 +39,9 @@ TARGETS = {"pendix_sdk": SDK, "pendix": SEAM, "corvane": GATHERED}
 
 # Where the compiler looks for the project's headers; "" is the project root.
 INCLUDE_FOLDERS = ["", SDK, SEAM]
+
+# Who also sees the forms of another folder (AUTOUIC_SEARCH_PATHS in its CMakeLists.txt).
+FORMS = {"bench": "page"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*(?:include|include_next|import)\b[ \t]*(?:"([^"\n]*)"|<([^>\n]*)>|(.*))',
                      re.MULTILINE)
@@ -78,7 +81,7 @@ def is_generated(name, header, files):
     own, file = posixpath.split(name)
     form = re.fullmatch(r"ui_(\w+)\.h", header)
     if form:
-        return posixpath.join(own, form[1] + ".ui") in files
+        return any(posixpath.join(folder, form[1] + ".ui") in files for folder in (own, FORMS.get(own, own)))
     return header == posixpath.splitext(file)[0] + ".moc"
 
 

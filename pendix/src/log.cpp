@@ -5,9 +5,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
+#include <QMutex>
+
+#include <sys/stat.h>
 
 #include <cstdio>
+#include <map>
 
 namespace pendix
 {
@@ -23,15 +26,53 @@ void writeConsole(const QString& line)
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
 }
 
-/// Says once per file, on the console, that its lines are lost.
-void complainOnce(const QString& fileName, const QString& reason)
+/// Says on the console that the lines of a file are lost.
+void complain(const QString& fileName, const QString& reason)
 {
-    static QSet<QString> complained;
-    if (!complained.contains(fileName)) {
-        complained.insert(fileName);
-        writeConsole(QStringLiteral("pendix: log file %1 can't be written: %2\n").arg(fileName, reason));
-    }
+    writeConsole(QStringLiteral("pendix: log file %1 can't be written: %2\n").arg(fileName, reason));
 }
+
+/// A log file that stays open between its lines. Unbuffered: each line is one write, and is in the file when the
+/// process is killed right after it.
+class LogFile
+{
+public:
+    void append(const QString& fileName, const QByteArray& line)
+    {
+        if (!isStillThere(fileName)) {
+            open(fileName);
+        }
+        if ((!m_file.isOpen() || m_file.write(line) != line.size()) && !m_complained) {
+            m_complained = true;
+            complain(fileName, m_file.errorString());
+        }
+    }
+
+private:
+    /// Whether the name still leads to the open file: somebody may delete, rename or rotate it.
+    bool isStillThere(const QString& fileName) const
+    {
+        struct stat there {
+        };
+        return m_file.isOpen() && ::stat(QFile::encodeName(fileName).constData(), &there) == 0 &&
+               there.st_ino == m_opened.st_ino && there.st_dev == m_opened.st_dev;
+    }
+
+    void open(const QString& fileName)
+    {
+        QDir().mkpath(QFileInfo(fileName).path());
+        m_file.close();
+        m_file.setFileName(fileName);
+        if (m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
+            ::fstat(m_file.handle(), &m_opened);
+        }
+    }
+
+    QFile m_file;
+    struct stat m_opened {
+    };
+    bool m_complained = false;
+};
 
 } // namespace
 
@@ -39,17 +80,12 @@ FLog::FLog(const QString& path, const QString& suffix) : m_path(path), m_suffix(
 
 void FLog::write(const QString& line) const
 {
+    // Never destroyed: there are log lines until the process ends, also from other libraries' static objects.
+    static auto* const mutex = new QMutex;
+    static auto* const files = new std::map<QString, LogFile>;
     const QString fileName = m_suffix.isEmpty() ? m_path : m_path + QLatin1Char('.') + m_suffix;
-    QDir().mkpath(QFileInfo(fileName).path());
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) {
-        complainOnce(fileName, file.errorString());
-        return;
-    }
-    const QByteArray bytes = line.toUtf8();
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        complainOnce(fileName, file.errorString());
-    }
+    const QMutexLocker locker(mutex);
+    (*files)[fileName].append(fileName, line.toUtf8());
 }
 
 QLog::QLog(const QString& colour, const QString& tag, const QString& end) : m_colour(colour), m_tag(tag), m_end(end) {}

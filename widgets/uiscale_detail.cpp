@@ -1,3 +1,5 @@
+#include "widgets/uiscale_detail.h"
+
 #include "widgets/uiscale.h"
 
 #include <QAbstractSpinBox>

@@ -1,3 +1,6 @@
+#include "widgets/uiscale_popup.h"
+
+#include "widgets/listcombobox.h"
 #include "widgets/uiscale.h"
 
 #include <QAbstractItemView>
@@ -116,14 +119,21 @@ void configureComboBoxPopup(QComboBox* combo, int maxVisible)
         return;
     }
     combo->setMaxVisibleItems(rowLimit(maxVisible));
-    QAbstractItemView* view = combo->view();
-    if (auto* list = qobject_cast<QListView*>(view)) {
-        list->setUniformItemSizes(true);
-        list->setSpacing(0);
+    // Asking for the view makes it; a list combo box does that when it opens.
+    if (qobject_cast<ListComboBox*>(combo) == nullptr) {
+        configurePopupList(combo->view());
     }
-    view->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void configurePopupList(QAbstractItemView* list)
+{
+    if (auto* plain = qobject_cast<QListView*>(list)) {
+        plain->setUniformItemSizes(true);
+        plain->setSpacing(0);
+    }
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    list->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void configureDetailComboBoxPopup(QComboBox* combo, const QWidget* /*w*/)

@@ -1,0 +1,42 @@
+#ifndef WIDGETS_LISTCOMBOBOX_H
+#define WIDGETS_LISTCOMBOBOX_H
+
+#include "widgets/namelistmodel.h"
+
+#include <QComboBox>
+#include <QSharedPointer>
+
+/// A combo box whose list may be 100,000 names long: nothing but opening it, and looking a text up, takes longer with
+/// a longer list. It measures none of its entries but is as wide as minimumContentsLength() characters (8 unless set),
+/// whatever its size policy says, and lays out its popup list only when that is opened. Not to be made editable.
+class ListComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit ListComboBox(QWidget* parent = nullptr);
+
+    /// Offers an empty entry and then the names, and selects the empty entry. Silent. A list that it offers already
+    /// is not filled in again.
+    void setNames(const QStringList& names);
+
+    /// The same with a list that other combo boxes share; null is ignored.
+    void setNames(const QSharedPointer<NameListModel>& names);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override; ///< The same as sizeHint.
+    void showPopup() override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void setListModel(QAbstractItemModel* listed);
+    void prepareList();
+
+    QSharedPointer<NameListModel> m_names;
+    bool m_listFontOutdated = false;
+};
+
+#endif

@@ -1,0 +1,35 @@
+#include "widgets/namelistmodel.h"
+
+NameListModel::NameListModel(const QStringList& names) : m_names(names) {}
+
+int NameListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_names.size() + 1;
+}
+
+QVariant NameListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+        return {};
+    }
+    // Empty, not null: only the former matches a search for nothing.
+    return index.row() == 0 ? QStringLiteral("") : m_names.at(index.row() - 1);
+}
+
+QModelIndexList NameListModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                     Qt::MatchFlags flags) const
+{
+    const bool exact = flags == (Qt::MatchExactly | Qt::MatchCaseSensitive) && value.type() == QVariant::String;
+    if (!exact || hits != 1 || start.row() != 0 || role != Qt::DisplayRole) {
+        return QAbstractListModel::match(start, role, value, hits, flags);
+    }
+    if (m_rows.isEmpty()) {
+        m_rows.reserve(rowCount());
+        for (int row = m_names.size(); row > 0; --row) {
+            m_rows.insert(m_names.at(row - 1), row);
+        }
+        m_rows.insert(QString(), 0);
+    }
+    const int row = m_rows.value(value.toString(), -1);
+    return row < 0 ? QModelIndexList() : QModelIndexList{index(row)};
+}
