@@ -11,11 +11,12 @@ fi
 per_round=2500   # one pendant's day; the round's seed counts up, so each can be had again on its own
 everything=80000 # so many actions leave nothing untouched
 
-build asan monkey corvane_module mirolt_module
+build asan monkey plantedfault corvane_module mirolt_module
 folder="$root/build/asan/monkey"
 rm -rf "$folder"
 mkdir -p "$folder"
 # Leaks are looked for where the suite does a short round, with the deep stacks that this takes.
+try_sanitizers "$folder/reports" address undefined float-cast-overflow -- detect_leaks=0
 watch_sanitizers "$folder/reports" detect_leaks=0
 
 # round FIRST ACTIONS SEED: one round; what it did last is shown when it fails.
