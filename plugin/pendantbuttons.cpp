@@ -103,7 +103,7 @@ void toggleRedLight(const Plugin& plugin, bool pressed)
 {
     if (pressed && permitted()) {
         // The operator sees the light itself; nothing is reported.
-        send(plugin, names::command::kRedLight, !isOn(names::node::kRedLight));
+        send(plugin, names::command::kSetRedLight, !isOn(names::node::kRedLightStatus));
     }
 }
 
