@@ -1,9 +1,8 @@
 #ifndef COMMON_BUSINESS_H
 #define COMMON_BUSINESS_H
 
-#include <QtGlobal>
+#include <QSharedPointer>
 
-#include <memory>
 #include <optional>
 
 /// One business with the host at a time, and whether its owner outlives it. A host call (a command, a read, a
@@ -36,9 +35,9 @@ public:
 
     private:
         friend class Business;
-        explicit Watch(std::shared_ptr<State> state) : m_state(std::move(state)) {}
+        explicit Watch(QSharedPointer<State> state) : m_state(std::move(state)) {}
 
-        std::shared_ptr<State> m_state;
+        QSharedPointer<State> m_state;
     };
 
     /// The right to be the only business, until it is destroyed, also by an exception.
@@ -58,10 +57,10 @@ public:
 
     private:
         friend class Business;
-        explicit Turn(std::shared_ptr<State> state) : m_state(std::move(state)) { m_state->underWay = true; }
+        explicit Turn(QSharedPointer<State> state) : m_state(std::move(state)) { m_state->underWay = true; }
         Q_DISABLE_COPY(Turn)
 
-        std::shared_ptr<State> m_state;
+        QSharedPointer<State> m_state;
     };
 
     Business() = default;
@@ -75,7 +74,9 @@ public:
 private:
     Q_DISABLE_COPY(Business)
 
-    std::shared_ptr<State> m_state = std::make_shared<State>();
+    // Not std::make_shared: its tag is one symbol for the whole process, and would keep the plug-in from being
+    // unloaded.
+    QSharedPointer<State> m_state = QSharedPointer<State>::create();
 };
 
 #endif

@@ -5,7 +5,6 @@
 #include "common/operatormessage.h"
 #include "common/truncate.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 namespace
@@ -59,26 +58,28 @@ bool parseJsonBool(const QJsonArray& result)
     return firstReturn(result, names::command::kSetWeldEnable).toBool(false);
 }
 
-void reportOutcome(const OutcomeTexts& texts, const QJsonArray& result, const QString& command)
+Outcome outcomeOf(const QJsonArray& result, const QString& command)
 {
     const std::optional<QJsonValue> answer = findReturn(result, command);
     if (!answer) {
+        return {Outcome::Kind::Silent};
+    }
+    const int code = answer->toInt();
+    return {code == 0 ? Outcome::Kind::Done : Outcome::Kind::Refused, code};
+}
+
+void reportOutcome(const Outcome& outcome, const OutcomeTexts& texts, const QString& command)
+{
+    switch (outcome.kind) {
+    case Outcome::Kind::Done:
+        tellOperator(pendix::information, texts.done);
+        return;
+    case Outcome::Kind::Refused:
+        tellOperator(pendix::error, texts.failed);
+        logLine(LogLevel::Error) << texts.log << command << " Result:" << outcome.code;
+        return;
+    case Outcome::Kind::Silent:
         logLine(LogLevel::Error) << texts.log + QLatin1String("not found ") << command << " Result";
         return;
     }
-    const int code = answer->toInt();
-    if (code == 0) {
-        tellOperator(pendix::information, texts.done);
-        return;
-    }
-    tellOperator(pendix::error, texts.failed);
-    logLine(LogLevel::Error) << texts.log << command << " Result:" << code;
-}
-
-void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command)
-{
-    reportOutcome({QCoreApplication::translate(pageClass, "Saved successfully"),
-                   QCoreApplication::translate(pageClass, "Save failed. Please check the parameter configuration."),
-                   QLatin1String(pageClass) + QLatin1String("::checkSaveResult failed. ")},
-                  result, command);
 }

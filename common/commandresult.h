@@ -23,21 +23,29 @@ int extractReturnInt(const QJsonArray& result);
 /// Outcome of "set_weld_enable": true only when the first element holds the boolean true.
 bool parseJsonBool(const QJsonArray& result);
 
-/// What is said of a command's outcome. The operator's texts come translated.
+/// What came of a command that answers with a code.
+struct Outcome {
+    enum class Kind {
+        Done,    ///< code 0
+        Refused, ///< any other code
+        Silent   ///< nobody answered this command
+    };
+    Kind kind;
+    int code = 0; ///< of a refusal
+};
+
+/// The outcome of a command, the first answer to it deciding; a code that is no whole number counts as 0.
+Outcome outcomeOf(const QJsonArray& result, const QString& command);
+
+/// What is said of an outcome. The operator's texts come translated, in the context of the class that asked.
 struct OutcomeTexts {
-    QString done;   ///< to the operator: code 0
-    QString failed; ///< to the operator: any other code
+    QString done;   ///< to the operator
+    QString failed; ///< to the operator: refused
     QString log;    ///< first item of the log line, with its trailing blank
 };
 
-/// Tells the operator the outcome of a command, the first answer to it deciding (a code that is no whole number
-/// counts as 0), and writes an error line for a failure or a missing answer; a missing answer tells the operator
-/// nothing.
-void reportOutcome(const OutcomeTexts& texts, const QJsonArray& result, const QString& command);
-
-/// The save-result check that the pages share. reportOutcome with "Saved successfully" and "Save failed. Please
-/// check the parameter configuration.".
-/// pageClass is the page's class name: translation context of the messages and prefix of the log lines.
-void reportSaveResult(const char* pageClass, const QJsonArray& result, const QString& command);
+/// Tells the operator that a command was done or refused, and writes an error line when it was refused or when nobody
+/// answered; silence tells the operator nothing.
+void reportOutcome(const Outcome& outcome, const OutcomeTexts& texts, const QString& command);
 
 #endif

@@ -41,8 +41,7 @@ void LaserTrackingPage::showEvent(QShowEvent* event)
 
 void LaserTrackingPage::embedLaserTrackPage()
 {
-    // The host may spin the event loop while it makes the widget.
-    if (m_asking || (!trackWidget && !obtainWidget())) {
+    if (!trackWidget && !obtainWidget()) {
         return;
     }
     place(trackWidget);
@@ -52,15 +51,16 @@ void LaserTrackingPage::embedLaserTrackPage()
 
 bool LaserTrackingPage::obtainWidget()
 {
-    const QPointer<LaserTrackingPage> self(this);
+    const auto turn = m_business.begin();
+    if (!turn) {
+        return false;
+    }
     QWidget* widget = nullptr;
-    m_asking = true;
     const int code = GetPluginNoUniqueWidget(QString::fromLatin1(kLaserTrackPluginName), widget);
-    if (!self) {
+    if (!turn->ownerLives()) {
         delete widget;
         return false;
     }
-    m_asking = false;
     if (widget == nullptr) {
         retryLater(code);
         return false;

@@ -1,6 +1,8 @@
 #ifndef PAGE_LASERTRACKINGPAGE_H
 #define PAGE_LASERTRACKINGPAGE_H
 
+#include "common/business.h"
+
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -24,7 +26,7 @@ public:
     ~LaserTrackingPage() override;
 
     /// Asks for the widget unless there is one, and puts it in its place. A call while a retry is due takes its
-    /// turn; a call after the last retry asks once more.
+    /// turn; a call after the last retry asks once more, a call while the host is being asked does nothing.
     void embedLaserTrackPage();
     void initStyle(); ///< The same as embedLaserTrackPage.
 
@@ -42,7 +44,7 @@ private:
     QPointer<QWidget> trackWidget;
     int retryCount = 0; ///< attempts that failed since the last success
     QTimer m_retry;     ///< the one that is pending: several causes to ask must not start several series
-    bool m_asking = false;
+    Business m_business;
 };
 
 #endif

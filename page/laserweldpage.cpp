@@ -52,8 +52,11 @@ LaserWeldPage::LaserWeldPage(QWidget* parent) : QWidget(parent), ui(new Ui_Laser
     createPages();
     connect(ui->stackedWidget, &StackedWidgetFit::currentChanged, this, [this](int index) {
         if (index == trackingIndex && trackingPage != nullptr) {
+            const Business::Watch watch = m_business.watch();
             trackingPage->initStyle();
-            fitCurrentPage();
+            if (watch.ownerLives()) {
+                fitCurrentPage();
+            }
         }
     });
     fitCurrentPage();
@@ -130,17 +133,28 @@ void LaserWeldPage::addPage(const QString& title, const QString& caption, QWidge
     }
     setScaledSheet(button, kNavigationSheet);
     ui->verticalLayout_4->addWidget(button);
-    connect(button, &QToolButton::clicked, this, [this, button, page, caption] { openPage(button, page, caption); });
+    connect(button, &QToolButton::clicked, this, [this, entry = Entry{button, page, caption}] { openPage(entry); });
 }
 
-void LaserWeldPage::openPage(QToolButton* button, QWidget* page, const QString& caption)
+void LaserWeldPage::openPage(const Entry& entry)
 {
-    lastButton = button;
-    ui->stackedWidget->setCurrentWidget(page);
-    ui->lblTitle->setText(caption);
+    m_wanted = entry.page;
+    markOpened(entry);
+    const auto turn = m_business.begin();
+    // A page asks the host while it is shown. The page of a click that comes meanwhile is turned to when that one
+    // stands: the stack can't be turned over while it is being turned over.
+    while (turn && turn->ownerLives() && m_wanted && ui->stackedWidget->currentWidget() != m_wanted) {
+        ui->stackedWidget->setCurrentWidget(m_wanted);
+    }
+}
+
+void LaserWeldPage::markOpened(const Entry& entry)
+{
+    lastButton = entry.button;
+    ui->lblTitle->setText(entry.caption);
     const QList<QToolButton*> buttons = navigationButtons();
-    for (QToolButton* other : buttons) {
-        other->setChecked(other == button);
+    for (QToolButton* button : buttons) {
+        button->setChecked(button == entry.button);
     }
 }
 
@@ -155,10 +169,13 @@ void LaserWeldPage::showEvent(QShowEvent* event)
     if (lastButton == nullptr) {
         lastButton = navigationButtons().value(0);
     }
+    const Business::Watch watch = m_business.watch();
     if (lastButton != nullptr) {
         lastButton->click();
     }
-    fitCurrentPage();
+    if (watch.ownerLives()) {
+        fitCurrentPage();
+    }
 }
 
 void LaserWeldPage::initStyle()
@@ -168,8 +185,11 @@ void LaserWeldPage::initStyle()
     ioPage->initStyle();
     curvePage->initStyle();
     paramPage->initStyle();
+    const Business::Watch watch = m_business.watch();
     trackingPage->initStyle();
-    fitCurrentPage();
+    if (watch.ownerLives()) {
+        fitCurrentPage();
+    }
 }
 
 void LaserWeldPage::setPageStatus(bool enable)

@@ -1,6 +1,9 @@
 #ifndef PAGE_LASERWELDPAGE_H
 #define PAGE_LASERWELDPAGE_H
 
+#include "common/business.h"
+
+#include <QPointer>
 #include <QWidget>
 
 class CharacteristicsCurvePage;
@@ -42,7 +45,14 @@ private:
     void createPages();
     void fitCurrentPage();
     void applyOwnStyle();
-    void openPage(QToolButton* button, QWidget* page, const QString& caption);
+    /// What a navigation button opens.
+    struct Entry {
+        QToolButton* button;
+        QWidget* page;
+        QString caption;
+    };
+    void openPage(const Entry& entry);
+    void markOpened(const Entry& entry);
     QList<QToolButton*> navigationButtons() const;
 
     Ui_LaserWeldPage* ui;
@@ -53,6 +63,8 @@ private:
     WeldParameterPage* paramPage = nullptr;
     LaserTrackingPage* trackingPage = nullptr;
     int trackingIndex = -1;
+    QPointer<QWidget> m_wanted; ///< the sub-page of the last click, while a change is under way
+    Business m_business;
 };
 
 #endif

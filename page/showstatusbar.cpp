@@ -27,6 +27,8 @@ void ShowStatusBar::SetRealWelding()
 
 void ShowStatusBar::updateText(const QString& text)
 {
+    // A label that shows a picture takes an empty text for the one it has.
+    ui->label->clear();
     ui->label->setText(text);
 }
 

@@ -23,7 +23,7 @@ public:
     void SetVirtualWelding();
     void SetRealWelding();
 
-    /// Shows a text instead of a picture.
+    /// Shows a text, also an empty one, instead of the picture.
     void updateText(const QString& text);
 
 private:

@@ -1,37 +1,21 @@
 #include "page/weldsettingpage.h"
 #include "ui_weldsettingpage.h"
 
-#include "common/commandresult.h"
-#include "common/controller.h"
-#include "common/mjson.h"
 #include "common/names.h"
 #include "common/operatormessage.h"
-#include "page/blockingpause.h"
-#include "page/commandguard.h"
 #include "page/weldsettingfields.h"
 #include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
-
-#include <QShowEvent>
 
 #include <algorithm>
 
 namespace
 {
 
-/// Shown by reportSaveResult in this class's context.
-[[maybe_unused]] constexpr const char* kSharedTexts[] = {
-    QT_TRANSLATE_NOOP("WeldSettingPage", "Saved successfully"),
-    QT_TRANSLATE_NOOP("WeldSettingPage", "Save failed. Please check the parameter configuration."),
-};
-
 constexpr int kFontPoints = 10;
 
 /// Above and below the text of a button together, in pixels: Chinese characters stand higher than a line of the font.
 constexpr int kButtonMargin = 20;
-
-/// How long the switch rests before its command and before the answer is judged, in milliseconds.
-constexpr int kSwitchPauseMs = 300;
 
 std::unique_ptr<Ui::WeldSettingPage> buildForm(WeldSettingPage* page)
 {
@@ -96,43 +80,6 @@ void WeldSettingPage::hideUnusedControls()
     }
 }
 
-void WeldSettingPage::showEvent(QShowEvent* event)
-{
-    // A page that is shown while its command is under way keeps what it is about to send.
-    if (m_commandUnderWay) {
-        QWidget::showEvent(event);
-        return;
-    }
-    const CommandGuard guard(this, &m_commandUnderWay);
-    fillSignalCombos();
-    QWidget::showEvent(event);
-    loadFromController();
-    initStyle();
-}
-
-void WeldSettingPage::fillSignalCombos()
-{
-    ui->comboBox_detection_do->clear();
-    ui->comboBox_detection_do->addItem(QString());
-    ui->comboBox_detection_do->addItems(mJson::GetDO());
-    ui->comboBox_feedback_di->clear();
-    ui->comboBox_feedback_di->addItem(QString());
-    ui->comboBox_feedback_di->addItems(mJson::GetDI());
-}
-
-void WeldSettingPage::loadFromController()
-{
-    loadServerConfigFromJson(controller::readNode(QLatin1String(names::node::kWeldSetting)));
-    initPlaneStatus();
-    applyOperateStatus(operatorMayChange());
-}
-
-void WeldSettingPage::applyOperateStatus(bool mayChange)
-{
-    setEnabled(mayChange);
-    setAllPlaneStatus(!getMainBtnStatus());
-}
-
 void WeldSettingPage::initPlaneStatus()
 {
     setRetractionPlanStatus(true);
@@ -142,8 +89,14 @@ void WeldSettingPage::initPlaneStatus()
 void WeldSettingPage::setAllPlaneStatus(bool enabled)
 {
     QWidget* const lockable[] = {
-        ui->frame,          ui->frame_2, ui->frame_3, ui->frame_4, ui->frame_WireSticking, ui->pushButton_cancel,
-        ui->pushButton_save};
+        ui->frame,              // laser
+        ui->frame_2,            // wire feeder
+        ui->frame_3,            // gas
+        ui->frame_4,            // restart overlap
+        ui->frame_WireSticking, // wire-stick detection
+        ui->pushButton_cancel,
+        ui->pushButton_save,
+    };
     for (QWidget* widget : lockable) {
         widget->setEnabled(enabled);
     }
@@ -202,103 +155,6 @@ bool WeldSettingPage::validateLaserCheckTime() const
                  tr("The detected time of the light output is later than the light output inspection time; "
                     "saving failed!"));
     return false;
-}
-
-void WeldSettingPage::checkSaveResult(const QJsonArray& result, const QString& key)
-{
-    reportSaveResult("WeldSettingPage", result, key);
-}
-
-void WeldSettingPage::save()
-{
-    if (m_commandUnderWay) {
-        return;
-    }
-    const CommandGuard guard(this, &m_commandUnderWay);
-    if (!operatorMayChange()) {
-        applyOperateStatus(false);
-        return;
-    }
-    if (!validateLaserCheckTime()) {
-        return;
-    }
-    const QJsonArray result = controller::sendCommand(this, saveServerConfigToJson());
-    if (guard.pageLives()) {
-        checkSaveResult(result, QLatin1String(names::command::kSetWeldSetting));
-    }
-}
-
-void WeldSettingPage::cancel()
-{
-    if (m_commandUnderWay) {
-        return;
-    }
-    const CommandGuard guard(this, &m_commandUnderWay);
-    loadFromController();
-    tellOperator(pendix::information, tr("Cancel successful"));
-}
-
-void WeldSettingPage::setMainSwitch(bool isOn)
-{
-    ui->pushButton_main_enable->setIsEnabled(isOn, false);
-}
-
-void WeldSettingPage::onSwitchMain(bool isOn)
-{
-    if (m_commandUnderWay) {
-        setMainSwitch(!isOn);
-        return;
-    }
-    const CommandGuard guard(this, &m_commandUnderWay);
-    if (!operatorMayChange()) {
-        setMainSwitch(!isOn);
-        applyOperateStatus(false);
-        return;
-    }
-    blockingPause(kSwitchPauseMs);
-    if (controller::isRobotPowered()) {
-        tellOperator(pendix::error, tr("Do not modify while powered on!"));
-        setMainSwitch(!isOn);
-        return;
-    }
-    if (isOn) {
-        switchOn(guard);
-    } else {
-        switchOff(guard);
-    }
-}
-
-void WeldSettingPage::switchOff(const CommandGuard& guard)
-{
-    controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("FALSE"));
-    if (!guard.pageLives()) {
-        return;
-    }
-    setAllPlaneStatus(true);
-    setMainSwitch(false);
-}
-
-void WeldSettingPage::switchOn(const CommandGuard& guard)
-{
-    if (!validateLaserCheckTime()) {
-        setMainSwitch(false);
-        return;
-    }
-    const QJsonArray result =
-        controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("TRUE"));
-    blockingPause(kSwitchPauseMs);
-    if (!guard.pageLives()) {
-        return;
-    }
-    if (!parseJsonBool(result)) {
-        tellOperator(pendix::error, tr("Laser weld startup faild!"));
-        setMainSwitch(false);
-        return;
-    }
-    setAllPlaneStatus(false);
-    setMainSwitch(true);
-    // The controller welds with what the form shows, saved or not; its answer changes nothing here.
-    controller::sendCommand(this, saveServerConfigToJson());
 }
 
 void WeldSettingPage::initStyle()

@@ -1,6 +1,9 @@
 #ifndef PAGE_WELDSETTINGPAGE_H
 #define PAGE_WELDSETTINGPAGE_H
 
+#include "common/business.h"
+#include "common/commandresult.h"
+#include "page/pageaccess.h"
 #include "widgets/formfields.h"
 
 #include <QJsonArray>
@@ -9,8 +12,6 @@
 #include <QWidget>
 
 #include <memory>
-
-class CommandGuard;
 
 namespace Ui
 {
@@ -46,7 +47,7 @@ public:
     /// Enables the restart fields, and the feeder fields as their switch says.
     void initPlaneStatus();
 
-    /// Judges a save's result array and tells the operator; see reportSaveResult.
+    /// Judges a save's result array and tells the operator; see reportOutcome.
     void checkSaveResult(const QJsonArray& result, const QString& key);
 
     void initConnect();
@@ -67,24 +68,38 @@ public slots:
     void onSwitchMain(bool isOn);
 
 protected:
-    /// Reads catalogue and node anew and derives from them what can be edited.
+    /// Reads catalogue and node anew and derives from them what can be edited. A show while a business is under way
+    /// reads nothing; all that is made up for when the business is over, but a refused or unanswered save keeps the
+    /// fields.
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// What a page that was shown while a business was under way does about its fields when that is over.
+    enum class Fields { Reread, Keep };
+
+    template <typename Work>
+    bool conduct(const Work& work);
     void hideUnusedControls();
-    void fillSignalCombos();
-    void loadFromController();
-    void applyOperateStatus(bool mayChange);
+    void refresh(const Business::Turn& turn, Fields fields);
+    bool fillSignalCombos(const Business::Turn& turn);
+    bool loadFromController(const Business::Turn& turn);
+    bool applyAccess(const Business::Turn& turn);
+    bool mayChange(const Business::Turn& turn);
+    void lockPage();
     void applyCompactLayout();
     void save();
+    Fields saveNow(const Business::Turn& turn);
     void cancel();
-    void switchOff(const CommandGuard& guard);
-    void switchOn(const CommandGuard& guard);
+    void flip(bool isOn, const Business::Turn& turn);
+    void switchOff(const Business::Turn& turn);
+    void switchOn(const Business::Turn& turn);
+    bool enableWelding(const Business::Turn& turn);
     void setMainSwitch(bool isOn);
 
     std::unique_ptr<Ui::WeldSettingPage> ui;
     FormFields m_fields;
-    bool m_commandUnderWay = false;
+    bool m_shownMeanwhile = false; ///< while a business was under way, which then has to be caught up with
+    Business m_business;
 };
 
 #endif

@@ -35,15 +35,24 @@ void Corvane::init()
 {
     const QString name = QString::fromLatin1(names::kPlugin);
     logLine(LogLevel::Information) << "Corvane::iniUi()";
+    const Business::Watch watch = m_business.watch();
     page = new LaserWeldPage(nullptr);
     CreateCenterWidget(name, page);
+    if (!watch.ownerLives()) {
+        return;
+    }
     logLine(LogLevel::Information) << "Corvane::init()";
     initPhysicalButton();
+    if (!watch.ownerLives()) {
+        return;
+    }
     statusBar = new ShowStatusBar(nullptr);
     logLine(LogLevel::Information) << "Corvane::initPhysicalButton()";
     CreateStatusBar(name, statusBar, kStatusBarPosition);
     // The controller is asked on the next connection; until then the picture warns rather than reassures.
-    showWeldingMode(false);
+    if (watch.ownerLives()) {
+        showWeldingMode(false);
+    }
 }
 
 void Corvane::afterInit()
@@ -55,10 +64,12 @@ void Corvane::afterInit()
 
 void Corvane::render()
 {
+    const Business::Watch watch = m_business.watch();
     if (page) {
         page->initStyle();
     }
-    if (InterfaceManager* host = pendixInterface()) {
+    InterfaceManager* host = pendixInterface();
+    if (host != nullptr && watch.ownerLives()) {
         connect(host, &InterfaceManager::sigNetworkConnect, this, &Corvane::readWeldingMode, Qt::UniqueConnection);
     }
 }
@@ -76,7 +87,11 @@ void Corvane::initPhysicalButton()
 
 void Corvane::readWeldingMode()
 {
-    showWeldingMode(controller::readNode(QLatin1String(names::node::kVirtualWelding)).toBool(false));
+    const Business::Watch watch = m_business.watch();
+    const bool isVirtual = controller::readNode(QLatin1String(names::node::kVirtualWelding)).toBool(false);
+    if (watch.ownerLives()) {
+        showWeldingMode(isVirtual);
+    }
 }
 
 void Corvane::showWeldingMode(bool isVirtual)

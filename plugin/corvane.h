@@ -1,6 +1,8 @@
 #ifndef PLUGIN_CORVANE_H
 #define PLUGIN_CORVANE_H
 
+#include "common/business.h"
+
 #include "pendix/pluginbase.h"
 
 #include <QPointer>
@@ -23,7 +25,8 @@ class Corvane : public PluginBase
 public:
     explicit Corvane(QObject* parent);
 
-    /// Creates the main page, the pendant buttons and the status bar item and hands them to the host.
+    /// Creates the main page, the pendant buttons and the status bar item and hands them to the host. A host that
+    /// destroys the plug-in object meanwhile gets nothing more.
     void init() override;
     void afterInit() override;
     /// Styles the main page, and keeps the status bar item in step with every (re)connection of the
@@ -43,6 +46,7 @@ private:
     // Both belong to the host once they have been handed over.
     QPointer<LaserWeldPage> page;
     QPointer<ShowStatusBar> statusBar;
+    Business m_business;
 };
 
 } // namespace pendix

@@ -1,7 +1,9 @@
 #include "plugin/pendantbuttons.h"
 
+#include "common/business.h"
 #include "common/commandresult.h"
 #include "common/controller.h"
+#include "common/logline.h"
 #include "common/names.h"
 #include "common/operatormessage.h"
 #include "plugin/corvane.h"
@@ -9,9 +11,9 @@
 #include <QDebug>
 #include <QPointer>
 #include <QSharedPointer>
-#include <QVector>
 
 #include <functional>
+#include <optional>
 
 namespace pendix
 {
@@ -35,75 +37,101 @@ bool isOn(const char* value)
     return controller::readNode(QLatin1String(value)).toBool(false);
 }
 
+/// What a button does something about.
+struct Press {
+    const Plugin& plugin;
+    bool down;
+    const bool* released = nullptr; ///< whether a held button came up since; null: that changes nothing
+
+    /// Whether it still is to be done: nothing starts that the operator has let go of already.
+    bool stands() const { return plugin && (released == nullptr || !*released); }
+};
+
 QJsonArray send(const Plugin& plugin, const char* command, bool value)
 {
     return controller::sendCommand(plugin, {{QLatin1String(command), value}});
 }
 
-void switchWorkMode(const Plugin& plugin, bool pressed)
+/// Sends a command if the operator may. The answer, or nothing when there is nobody left to judge one.
+std::optional<QJsonArray> sendPermitted(const Press& press, const char* command, bool value)
+{
+    if (!permitted() || !press.stands()) {
+        return std::nullopt;
+    }
+    const QJsonArray result = send(press.plugin, command, value);
+    return press.plugin ? std::optional(result) : std::nullopt;
+}
+
+void switchWorkMode(const Press& press)
 {
     const bool toVirtual = !isOn(names::node::kVirtualWelding);
-    if (!pressed || !permitted()) {
+    if (!press.down || !press.stands()) {
+        return;
+    }
+    const auto result = sendPermitted(press, names::command::kSetVirtualWelding, toVirtual);
+    if (!result) {
         return;
     }
     // A controller that does not answer counts as one that did it.
-    if (extractReturnInt(send(plugin, names::command::kSetVirtualWelding, toVirtual)) != 0) {
+    if (extractReturnInt(*result) != 0) {
         tellOperator(error, Corvane::tr("Switch work mode failed"));
         return;
     }
-    if (plugin) {
-        plugin->showWeldingMode(toVirtual);
-    }
+    press.plugin->showWeldingMode(toVirtual);
     tellOperator(information,
                  toVirtual ? Corvane::tr("Switch to VirtualWelding") : Corvane::tr("Switch to RealWdlding"));
 }
 
-void report(const QJsonArray& result, const char* command, const QString& done, const QString& failed,
-            const char* logText)
+void report(const QJsonArray& result, const char* command, const OutcomeTexts& texts)
 {
-    reportOutcome({done, failed, QLatin1String(logText)}, result, QLatin1String(command));
+    reportOutcome(outcomeOf(result, QLatin1String(command)), texts, QLatin1String(command));
 }
 
 /// The wire runs while the button is held.
-QJsonArray moveWire(const Plugin& plugin, const char* command, bool pressed)
+void moveWire(const Press& press, const char* command, const OutcomeTexts& texts)
 {
-    QJsonArray result = send(plugin, command, pressed);
-    qDebug() << "is_pressed = " << pressed;
-    return result;
-}
-
-void feedWire(const Plugin& plugin, bool pressed)
-{
-    if (permitted()) {
-        report(moveWire(plugin, names::command::kFeedWire, pressed), names::command::kFeedWire,
-               Corvane::tr("Feed wire successfully"), Corvane::tr("Feed wire failed. Please check logs."),
-               "Phybtn:: feed_wire failed. ");
+    if (const auto result = sendPermitted(press, command, press.down)) {
+        qDebug() << "is_pressed = " << press.down;
+        report(*result, command, texts);
     }
 }
 
-void retractWire(const Plugin& plugin, bool pressed)
+void feedWire(const Press& press)
 {
-    if (permitted()) {
-        report(moveWire(plugin, names::command::kRetractWire, pressed), names::command::kRetractWire,
-               Corvane::tr("Retract wire successfully"), Corvane::tr("Retract wire failed. Please check logs."),
-               "Phybtn:: retract_wire failed. ");
+    moveWire(press, names::command::kFeedWire,
+             {Corvane::tr("Feed wire successfully"), Corvane::tr("Feed wire failed. Please check logs."),
+              QStringLiteral("Phybtn:: feed_wire failed. ")});
+}
+
+void retractWire(const Press& press)
+{
+    moveWire(press, names::command::kRetractWire,
+             {Corvane::tr("Retract wire successfully"), Corvane::tr("Retract wire failed. Please check logs."),
+              QStringLiteral("Phybtn:: retract_wire failed. ")});
+}
+
+void openGas(const Press& press)
+{
+    if (!press.down) {
+        return;
+    }
+    if (const auto result = sendPermitted(press, names::command::kManualGas, true)) {
+        report(*result, names::command::kManualGas,
+               {Corvane::tr("Open gas successfully"), Corvane::tr("Open gas failed. Please check logs."),
+                QStringLiteral("Phybtn:: open gas failed. ")});
     }
 }
 
-void openGas(const Plugin& plugin, bool pressed)
+void toggleRedLight(const Press& press)
 {
-    if (pressed && permitted()) {
-        report(send(plugin, names::command::kManualGas, true), names::command::kManualGas,
-               Corvane::tr("Open gas successfully"), Corvane::tr("Open gas failed. Please check logs."),
-               "Phybtn:: open gas failed. ");
+    if (!press.down || !permitted() || !press.stands()) {
+        return;
     }
-}
-
-void toggleRedLight(const Plugin& plugin, bool pressed)
-{
-    if (pressed && permitted()) {
-        // The operator sees the light itself; nothing is reported.
-        send(plugin, names::command::kSetRedLight, !isOn(names::node::kRedLightStatus));
+    const bool on = isOn(names::node::kRedLightStatus);
+    // Asked again, as somebody else may have logged in while the status was read. The operator sees the light itself:
+    // nothing is reported.
+    if (press.stands()) {
+        sendPermitted(press, names::command::kSetRedLight, !on);
     }
 }
 
@@ -115,7 +143,7 @@ struct ButtonRow {
     const char* picture; ///< file name without "Pressed.png" or "Unpressed.png"
     List list;
     Acts acts;
-    void (*act)(const Plugin& plugin, bool pressed);
+    void (*act)(const Press& press);
 };
 
 constexpr ButtonRow kButtons[] = {
@@ -126,27 +154,58 @@ constexpr ButtonRow kButtons[] = {
     {QT_TRANSLATE_NOOP("pendix::Corvane", "Red Light"), "redLight", List::First, Acts::OnPress, toggleRedLight},
 };
 
+/// What a button that acts while it is held was told and has not done yet.
+struct HeldState {
+    bool stopWaits = false;
+    bool startWaits = false;
+    Business business;
+};
+
+/// Does what waits, the stop first: of several states told meanwhile only the last one counts, but no start goes out
+/// before the stop of the one before it.
+void takeTurns(const ButtonRow& row, const Plugin& plugin, HeldState& state)
+{
+    while (plugin && (state.stopWaits || state.startWaits)) {
+        const bool down = !state.stopWaits;
+        (down ? state.startWaits : state.stopWaits) = false;
+        try {
+            row.act({plugin, down, down ? &state.stopWaits : nullptr});
+        } catch (...) {
+            state.startWaits = false;
+            if (!state.stopWaits) {
+                throw;
+            }
+            // The button is up already, and the controller may have started the wire before the host failed.
+            logLine(LogLevel::Warning) << "Phybtn:: exception, the stop goes out all the same";
+        }
+    }
+}
+
+void hold(const ButtonRow& row, const Plugin& plugin, HeldState& state, bool down)
+{
+    state.stopWaits = state.stopWaits || !down;
+    state.startWaits = down;
+    // A stop that overtook its start at the controller would leave the wire running.
+    if (const auto turn = state.business.begin()) {
+        takeTurns(row, plugin, state);
+    }
+}
+
 std::function<void(bool)> handlerOf(const ButtonRow& row, Corvane* plugin)
 {
-    // What the button was told and has not done yet; the first entry is under way.
-    const auto told = QSharedPointer<QVector<bool>>::create();
-    return [&row, plugin = Plugin(plugin), told](bool pressed) {
-        if (!told->isEmpty() && row.acts == Acts::OnPress) {
-            return;
-        }
-        told->append(pressed);
-        if (told->size() > 1) {
-            // A stop that overtook its start at the controller would leave the wire running.
-            return;
-        }
-        // With copies: the host may drop its record, and with it this function, while a command is under way.
-        const auto takeTurns = [plugin, told, act = row.act] {
-            while (plugin && !told->isEmpty()) {
-                act(plugin, told->first());
-                told->removeFirst();
-            }
+    // All in copies: the host may drop its record, and with it this function, while a command is under way.
+    if (row.acts == Acts::WhileHeld) {
+        return [&row, plugin = Plugin(plugin), state = QSharedPointer<HeldState>::create()](bool down) {
+            const auto ours = state;
+            hold(row, Plugin(plugin), *ours, down);
         };
-        takeTurns();
+    }
+    return [&row, plugin = Plugin(plugin), business = QSharedPointer<Business>::create()](bool down) {
+        const auto turn = business->begin();
+        const Plugin ours = plugin;
+        if (turn && ours) {
+            row.act({ours, down});
+        }
     };
 }
 

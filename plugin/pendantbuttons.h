@@ -18,8 +18,9 @@ struct PendantButtons {
 /// operator the outcome; they do nothing once the plug-in object is gone. No button remembers anything: the
 /// controller's values decide what the toggling ones send.
 ///
-/// While a handler waits for the controller, a second press of the same toggling button does nothing. Press and
-/// release of a button that acts as long as it is held are never dropped: they wait for their turn.
+/// While a handler waits for the host, a second press of the same toggling button does nothing. A button that acts as
+/// long as it is held keeps the last state it was told, and before a start the stop of the one before it: what was
+/// superseded sends and says nothing. A start that the operator has let go of before it was sent is not sent.
 PendantButtons pendantButtons(Corvane* plugin);
 
 } // namespace pendix

@@ -27,17 +27,17 @@ public:
     ~FakeHost() override;
 
     // Scripted by the test.
-    QMap<QString, QJsonValue> nodes;            ///< service data and host settings by name; active "tool" and "wobj"
-    QMap<QString, QStringList> io;              ///< signal names by type; "point" (stored ones too), "tool", "zone"...
-    QJsonValue registers;                       ///< register metadata
-    QStringList registerNames;                  ///< keys of the register hash
-    int level = 3;                              ///< operator level
-    bool powered = false;                       ///< robot power
-    QMap<QString, QJsonArray> answers;          ///< result array by command name; else "return" 0 (true for enable)
+    QMap<QString, QJsonValue> nodes;   ///< service data and host settings by name; active "tool" and "wobj"
+    QMap<QString, QStringList> io;     ///< signal names by type; "point" (stored ones too), "tool", "zone"...
+    QJsonValue registers;              ///< register metadata
+    QStringList registerNames;         ///< keys of the register hash
+    int level = 3;                     ///< operator level
+    bool powered = false;              ///< robot power
+    QMap<QString, QJsonArray> answers; ///< result array by command name; else "return" 0 (true for enable)
     /// Runs inside a host call: "command", "level", "power", "read", "message", "io", "registers", "points", "store"
     /// (of a point), "names" (of tools and the like), "neighbour" (another plug-in's widget).
     std::function<void(const QString&)> onCall;
-    std::function<QWidget*()> otherWidget;      ///< what another plug-in offers; empty or null: nothing
+    std::function<QWidget*()> otherWidget; ///< what another plug-in offers; empty or null: nothing
 
     // Recorded, in order.
     QStringList reads;                            ///< names given to getVexaServiceData and getNodeData

@@ -2,6 +2,7 @@
 #include "tests/fakehost.h"
 
 #include <QDoubleSpinBox>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -17,6 +18,8 @@ private slots:
     void isForLookingOnly();
     void stopsOnceHoweverItIsClosed_data();
     void stopsOnceHoweverItIsClosed();
+    void stopsWhenItGoesUnclosed_data();
+    void stopsWhenItGoesUnclosed();
 
 private:
     static QStringList shown(const QDialog& dialog)
@@ -83,7 +86,6 @@ void TestButtonMonitorPage::stopsOnceHoweverItIsClosed_data()
         page->reject();
         page->close();
     });
-    QTest::newRow("deleted") << Closing([](ButtonMonitorPage* page) { delete page; });
 }
 
 void TestButtonMonitorPage::stopsOnceHoweverItIsClosed()
@@ -102,6 +104,45 @@ void TestButtonMonitorPage::stopsOnceHoweverItIsClosed()
                                                         "ChangeModelWindowStatus false"}));
     }
     delete page;
+}
+
+void TestButtonMonitorPage::stopsWhenItGoesUnclosed_data()
+{
+    QTest::addColumn<std::function<void(ButtonMonitorPage*)>>("before");
+    QTest::addColumn<int>("stops");
+    using Before = std::function<void(ButtonMonitorPage*)>;
+    QTest::newRow("never shown") << Before([](ButtonMonitorPage*) {}) << 0;
+    QTest::newRow("shown") << Before([](ButtonMonitorPage* page) { page->show(); }) << 1;
+    QTest::newRow("hidden") << Before([](ButtonMonitorPage* page) {
+        page->show();
+        page->hide();
+    }) << 1;
+    QTest::newRow("reparented") << Before([](ButtonMonitorPage* page) {
+        page->show();
+        page->setParent(page->parentWidget());
+    }) << 1;
+    QTest::newRow("closed") << Before([](ButtonMonitorPage* page) {
+        page->show();
+        page->close();
+    }) << 0;
+}
+
+void TestButtonMonitorPage::stopsWhenItGoesUnclosed()
+{
+    QFETCH(std::function<void(ButtonMonitorPage*)>, before);
+    QFETCH(int, stops);
+    QWidget owner;
+    auto* page = new ButtonMonitorPage(&owner);
+    QSignalSpy finished(page, &QDialog::finished);
+    m_host.forget();
+    before(page);
+    QCOMPARE(m_host.commands.size(), finished.size());
+    m_host.forget();
+    finished.clear();
+    delete page;
+    QCOMPARE(m_host.commands.size(), stops);
+    QCOMPARE(m_host.calls.size(), 2 * stops);
+    QCOMPARE(finished.size(), 0);
 }
 
 QTEST_MAIN(TestButtonMonitorPage)

@@ -5,7 +5,6 @@
 
 #include <QJsonDocument>
 #include <QTest>
-#include <QTranslator>
 
 namespace
 {
@@ -27,9 +26,8 @@ class TestCommandResult : public QObject
     Q_OBJECT
 
 private slots:
-    void saveResult_data();
-    void saveResult();
-    void saveResultSpeaksInThePagesContext();
+    void outcome_data();
+    void outcome();
     void returnInt_data();
     void returnInt();
     void enableBool_data();
@@ -38,66 +36,37 @@ private slots:
     void permission();
 };
 
-void TestCommandResult::saveResult_data()
+void TestCommandResult::outcome_data()
 {
     QTest::addColumn<QByteArray>("result");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("log");
-
-    const QString saved = "0|Saved successfully";
-    const QString failed = "2|Save failed. Please check the parameter configuration.";
-    const QString notFound = "Page::checkSaveResult failed. not found |set_x| Result";
-
-    QTest::newRow("success") << QByteArray(R"([{"Corvane":{"set_x":{"return":0}}}])") << saved << "";
-    QTest::newRow("failure") << QByteArray(R"([{"Corvane":{"set_x":{"return":7}}}])") << failed
-                             << "Page::checkSaveResult failed. |set_x| Result:|7";
-    QTest::newRow("text counts as 0") << QByteArray(R"([{"Corvane":{"set_x":{"return":"2"}}}])") << saved << "";
-    QTest::newRow("boolean counts as 0") << QByteArray(R"([{"Corvane":{"set_x":{"return":true}}}])") << saved << "";
-    QTest::newRow("null counts as 0") << QByteArray(R"([{"Corvane":{"set_x":{"return":null}}}])") << saved << "";
-    QTest::newRow("second element answers")
-        << QByteArray(R"([{"Corvane":{"other":{"return":0}}},{"Corvane":{"set_x":{"return":3}}}])") << failed
-        << "Page::checkSaveResult failed. |set_x| Result:|3";
-    QTest::newRow("first answer counts")
-        << QByteArray(R"([{"Corvane":{"set_x":{"return":0}}},{"Corvane":{"set_x":{"return":3}}}])") << saved << "";
-    QTest::newRow("malformed elements are skipped")
-        << QByteArray(R"([1,null,[],{"Corvane":4},{"Corvane":{"set_x":5}},{"Corvane":{"set_x":{}}},
-                         {"Corvane":{"set_x":{"return":0}}}])")
-        << saved << "";
-    QTest::newRow("silent controller") << QByteArray("[]") << "" << notFound;
-    QTest::newRow("other plug-in") << QByteArray(R"([{"Other":{"set_x":{"return":0}}}])") << "" << notFound;
+    const auto row = [](const char* name, const char* result, const char* message, const char* log) {
+        QTest::newRow(name) << QByteArray(result) << message << log;
+    };
+    const auto done = [&row](const char* name, const char* result) { row(name, result, "0|done", ""); };
+    done("success", R"([{"Corvane":{"set_x":{"return":0}}}])");
+    done("text counts as 0", R"([{"Corvane":{"set_x":{"return":"2"}}}])");
+    done("boolean counts as 0", R"([{"Corvane":{"set_x":{"return":true}}}])");
+    done("first answer counts", R"([{"Corvane":{"set_x":{"return":0}}},{"Corvane":{"set_x":{"return":3}}}])");
+    done("malformed elements are skipped",
+         R"([1,null,[],{"Corvane":4},{"Corvane":{"set_x":5}},{"Corvane":{"set_x":{}}},
+            {"Corvane":{"set_x":{"return":0}}}])");
+    row("second element answers", R"([{"Corvane":{"other":{"return":0}}},{"Corvane":{"set_x":{"return":3}}}])",
+        "2|failed", "x failed. |set_x| Result:|3");
+    row("silent controller", "[]", "", "x failed. not found |set_x| Result");
+    row("other plug-in", R"([{"Other":{"set_x":{"return":0}}}])", "", "x failed. not found |set_x| Result");
 }
 
-void TestCommandResult::saveResult()
+void TestCommandResult::outcome()
 {
     QFETCH(QByteArray, result);
-    QFETCH(QString, message);
-    QFETCH(QString, log);
     FakeHost host;
-    reportSaveResult("Page", parse(result), "set_x");
-    QCOMPARE(host.lastMessage(), message);
-    QCOMPARE(host.messages.size(), message.isEmpty() ? 0 : 1);
-    QCOMPARE(host.logs.isEmpty() ? QString() : host.logs.last().items.join('|'), log);
-    if (!log.isEmpty()) {
-        QVERIFY(host.logs.last().tag.startsWith("[E|"));
-    }
-}
-
-void TestCommandResult::saveResultSpeaksInThePagesContext()
-{
-    struct PageTranslator : QTranslator {
-        bool isEmpty() const override { return false; }
-        QString translate(const char* context, const char* text, const char*, int) const override
-        {
-            return QLatin1String(context) + '/' + text;
-        }
-    } translator;
-    QCoreApplication::installTranslator(&translator);
-    FakeHost host;
-    reportSaveResult("Page", FakeHost::answer("set_x", 0), "set_x");
-    QCOMPARE(host.lastMessage(), QString("0|Page/Saved successfully"));
-    reportSaveResult("Page", FakeHost::answer("set_x", 1), "set_x");
-    QCOMPARE(host.lastMessage(), QString("2|Page/Save failed. Please check the parameter configuration."));
-    QCoreApplication::removeTranslator(&translator);
+    reportOutcome(outcomeOf(parse(result), "set_x"), {"done", "failed", "x failed. "}, "set_x");
+    QTEST(host.lastMessage(), "message");
+    QVERIFY(host.messages.size() <= 1);
+    QTEST(host.logs.isEmpty() ? QString() : host.logs.last().items.join('|'), "log");
+    QVERIFY(host.logs.isEmpty() || host.logs.last().tag.startsWith("[E|"));
 }
 
 void TestCommandResult::returnInt_data()

@@ -128,6 +128,14 @@ void TestLaserTrackingPage::survivesItsGuest()
     };
     page->initStyle();
     QVERIFY(guest == nullptr);
+
+    // A neighbour that throws is asked again.
+    m_host.otherWidget = []() -> QWidget* { throw 1; };
+    LaserTrackingPage other(nullptr);
+    QVERIFY_EXCEPTION_THROWN(other.initStyle(), int);
+    m_host.otherWidget = [&guest] { return guest = new QLabel; };
+    other.initStyle();
+    QVERIFY(guest != nullptr);
 }
 
 QTEST_MAIN(TestLaserTrackingPage)

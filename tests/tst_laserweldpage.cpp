@@ -7,6 +7,7 @@
 #include "page/weldsettingpage.h"
 #include "tests/fakehost.h"
 #include "tests/formdriver.h"
+#include "tests/takenaway.h"
 #include "widgets/stackedwidgetfit.h"
 
 #include <QLabel>
@@ -52,6 +53,8 @@ class TestLaserWeldPage : public QObject
 private slots:
     void navigation();
     void remembersThePageLeft();
+    void clickWhileAPageIsShown();
+    void pageTakenAway();
     void styles();
     void addPage();
     void pageStatus();
@@ -92,6 +95,39 @@ void TestLaserWeldPage::remembersThePageLeft()
     shown.page.show();
     QCOMPARE(shown.checked(), QStringList{"Weld Data"});
     QCOMPARE(shown.title(), QString("Welding Parameters"));
+}
+
+void TestLaserWeldPage::clickWhileAPageIsShown()
+{
+    Shown shown;
+    // "Weld Setup" asks the host while it is shown, and the operator goes on to "Weld Data", or comes back.
+    for (const int last : {3, 0}) {
+        shown.page.hide();
+        bool clicked = false;
+        shown.host.onCall = [&](const QString&) {
+            if (!clicked) {
+                clicked = true;
+                QTest::mouseClick(shown.buttons()[3], Qt::LeftButton);
+                QTest::mouseClick(shown.buttons()[last], Qt::LeftButton);
+            }
+        };
+        shown.page.show();
+        shown.host.onCall = nullptr;
+        QVERIFY(clicked);
+        QCOMPARE(shown.checked(), QStringList{shown.buttons()[last]->text()});
+        QCOMPARE(shown.title(), QString(last == 3 ? "Welding Parameters" : "Parmeter Setting"));
+        QCOMPARE(shown.current()->objectName(), QString(last == 3 ? "WeldParameterPage" : "WeldSettingPage"));
+        QVERIFY(shown.current()->isVisible());
+        QTest::mouseClick(shown.buttons()[0], Qt::LeftButton);
+    }
+}
+
+void TestLaserWeldPage::pageTakenAway()
+{
+    FakeHost host;
+    const auto make = [] { return new LaserWeldPage(nullptr); };
+    // The neighbour is asked for its widget.
+    QCOMPARE(takeAwayInEveryCall<LaserWeldPage>(host, make, [](LaserWeldPage* page) { page->initStyle(); }), 1);
 }
 
 void TestLaserWeldPage::styles()
@@ -186,6 +222,9 @@ void TestLaserWeldPage::statusPictures()
     QVERIFY(real != simulated);
     item.updateText("text");
     QCOMPARE(label->text(), QString("text"));
+    item.SetRealWelding();
+    item.updateText("");
+    QVERIFY(label->pixmap(Qt::ReturnByValue).isNull());
 }
 
 QTEST_MAIN(TestLaserWeldPage)

@@ -1,10 +1,12 @@
 #include "plugin/corvane.h"
 #include "tests/fakehost.h"
+#include "tests/takenaway.h"
 
 #include <QFile>
 #include <QTest>
 
 #include <memory>
+#include <stdexcept>
 
 namespace
 {
@@ -32,7 +34,13 @@ private slots:
     void reportsWireAndGas_data();
     void reportsWireAndGas();
     void togglesTheRedLight();
-    void holdsOrderWhileTheControllerTakesItsTime();
+    void statesToldMeanwhile_data();
+    void statesToldMeanwhile();
+    void pressedTwiceDuringItsCommand();
+    void commandsThatThrow();
+    void levelFallsBeforeTheLightIsSwitched();
+    void pluginTakenAway_data();
+    void pluginTakenAway();
     void survivesTheHostsChanges();
 
 private:
@@ -214,24 +222,56 @@ void TestPendantButtons::togglesTheRedLight()
     QVERIFY(m_host->messages.isEmpty());
 }
 
-void TestPendantButtons::holdsOrderWhileTheControllerTakesItsTime()
+void TestPendantButtons::statesToldMeanwhile_data()
 {
-    // The button comes up while its start command is under way: the stop must follow the start's end.
-    QStringList order;
+    QTest::addColumn<QString>("during");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("sent");
+    // "+" is a press, "-" a release. The first press is what the rest is told during.
+    QTest::newRow("released") << "command"
+                              << "-"
+                              << "+-";
+    QTest::newRow("pressed again") << "command"
+                                   << "-+"
+                                   << "+-+";
+    QTest::newRow("three presses, finger off") << "command"
+                                               << "-+-+-"
+                                               << "+-";
+    QTest::newRow("three presses, finger on") << "command"
+                                              << "-+-+-+"
+                                              << "+-+";
+    QTest::newRow("let go before it was sent") << "level"
+                                               << "-"
+                                               << "-";
+    QTest::newRow("let go and pressed again") << "level"
+                                              << "-+"
+                                              << "-+";
+}
+
+void TestPendantButtons::statesToldMeanwhile()
+{
+    QFETCH(QString, during);
+    QFETCH(QString, told);
+    bool isTold = false;
     m_host->onCall = [&](const QString& call) {
-        if (call == "command" && order.isEmpty()) {
-            order.append("start");
-            press("Wiring", false);
-            order.append("start done");
-            QCOMPARE(m_host->commands.size(), 1);
+        if (call == during && !isTold) {
+            isTold = true;
+            for (const QChar state : qAsConst(told)) {
+                press("Retract Wire", state == '+');
+            }
         }
     };
-    press("Wiring", true);
-    QCOMPARE(order, QStringList({"start", "start done"}));
-    QCOMPARE(sent(), QStringList({"set_weld_feed_wire true", "set_weld_feed_wire false"}));
+    press("Retract Wire", true);
+    QString sent;
+    for (const auto& command : qAsConst(m_host->commands)) {
+        sent += command.second.toBool() ? '+' : '-';
+    }
+    QTEST(sent, "sent");
+    QCOMPARE(m_host->messages.size(), sent.size());
+}
 
-    // A toggling button that is pressed again meanwhile does nothing.
-    m_host->forget();
+void TestPendantButtons::pressedTwiceDuringItsCommand()
+{
     m_host->onCall = [&](const QString& call) {
         if (call == "command" && m_host->commands.size() < 3) {
             press("Work mode", true);
@@ -241,21 +281,93 @@ void TestPendantButtons::holdsOrderWhileTheControllerTakesItsTime()
     QCOMPARE(m_host->commands.size(), 1);
 }
 
+void TestPendantButtons::commandsThatThrow()
+{
+    for (const bool isReleasedMeanwhile : {false, true}) {
+        m_host->forget();
+        m_host->onCall = [&](const QString& call) {
+            if (call == "command" && m_host->commands.size() == 1) {
+                if (isReleasedMeanwhile) {
+                    press("Wiring", false);
+                }
+                throw std::runtime_error("line cut");
+            }
+        };
+        try {
+            press("Wiring", true);
+            QVERIFY2(isReleasedMeanwhile, "who called learns of the exception");
+        } catch (const std::runtime_error&) {
+            press("Wiring", false);
+        }
+        QCOMPARE(sent(), QStringList({"set_weld_feed_wire true", "set_weld_feed_wire false"}));
+    }
+    m_host->forget();
+    m_host->onCall = [](const QString& call) {
+        if (call == "command") {
+            throw std::runtime_error("line cut");
+        }
+    };
+    QVERIFY_EXCEPTION_THROWN(press("ProtectGas", true), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(press("ProtectGas", true), std::runtime_error);
+}
+
+void TestPendantButtons::levelFallsBeforeTheLightIsSwitched()
+{
+    m_host->onCall = [&](const QString& call) { m_host->level = call == "read" ? 2 : m_host->level; };
+    press("Red Light", true);
+    QVERIFY(m_host->commands.isEmpty());
+    QCOMPARE(told(), QStringList("1|Insufficient user permissions!"));
+}
+
+void TestPendantButtons::pluginTakenAway_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("calls");
+    QTest::newRow("work mode") << "Work mode" << 4; // status, level, command, message
+    QTest::newRow("red light") << "Red Light" << 4; // level, status, level, command
+    QTest::newRow("wire feed") << "Wiring" << 3;    // level, command, message
+    QTest::newRow("connection") << QString() << 1;  // status
+}
+
+void TestPendantButtons::pluginTakenAway()
+{
+    QFETCH(QString, button);
+    const auto make = [this] {
+        auto* plugin = new pendix::Corvane(nullptr);
+        plugin->init();
+        plugin->render();
+        return plugin;
+    };
+    const auto act = [&](pendix::Corvane*) {
+        if (button.isEmpty()) {
+            emit m_host->sigNetworkConnect();
+        } else {
+            press(button, true);
+        }
+    };
+    m_plugin.reset();
+    QTEST(takeAwayInEveryCall<pendix::Corvane>(*m_host, make, act), "calls");
+}
+
 void TestPendantButtons::survivesTheHostsChanges()
 {
-    // The host drops its records and its widgets while a command is under way.
+    // The host drops its records, in one of which the handler is that runs, and its widgets while a command is under
+    // way.
     m_host->onCall = [&](const QString& call) {
         if (call == "command") {
             m_host->firstButtons.clear();
             delete m_host->statusBar;
         }
     };
-    press("Work mode", true);
+    m_host->firstButtons.first().handler(true);
     QCOMPARE(told(), QStringList("0|Switch to VirtualWelding"));
+    init();
+    m_host->onCall = [&](const QString&) { m_host->secondButtons.clear(); };
+    m_host->secondButtons.last().handler(true);
+    QCOMPARE(told(), QStringList("0|Retract wire successfully"));
 
     // It calls a handler that it kept, when the plug-in object is gone.
-    m_host->onCall = nullptr;
-    m_host->forget();
+    init();
     const pendix::PhysicalButton gas = m_host->secondButtons.first();
     m_plugin.reset();
     gas.handler(true);

@@ -4,14 +4,71 @@
 #include "widgets/enablebutton.h"
 
 #include <QComboBox>
-#include <QJsonValue>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
+
+#include <algorithm>
 
 namespace
 {
 
-QWidget* findOfKind(const QWidget* form, const FieldSpec& spec)
+int entryOf(const FieldSpec& row, const QJsonValue& stored)
+{
+    const int index = stored.toInt();
+    if (!stored.isUndefined() && index >= 0 && index < row.entries) {
+        return index;
+    }
+    return row.fallback == kNearestEntry ? std::clamp(index, 0, row.entries - 1) : row.fallback;
+}
+
+} // namespace
+
+QJsonValue taken(const FieldSpec& row, const QJsonValue& stored)
+{
+    switch (row.read) {
+    case Read::Integer:
+        return stored.toInt();
+    case Read::Truncated:
+        return truncatedToInt(stored.toDouble());
+    case Read::Bool:
+        return stored.toBool();
+    case Read::Text:
+        return stored.toString();
+    case Read::Choice:
+        return entryOf(row, stored);
+    case Read::Fixed:
+        break;
+    }
+    return row.standard;
+}
+
+QJsonValue standardOf(const FieldSpec& row)
+{
+    switch (row.read) {
+    case Read::Bool:
+        return row.standard != 0;
+    case Read::Text:
+        return QString();
+    default:
+        return row.standard;
+    }
+}
+
+FormFields::FormFields(const QWidget* form, const FieldSpec* specs, int count)
+{
+    m_fields.reserve(static_cast<std::size_t>(count));
+    for (const FieldSpec* spec = specs; spec != specs + count; ++spec) {
+        const FieldWidget widget = find(form, *spec);
+        if (std::visit([](const auto* found) { return found == nullptr; }, widget)) {
+            qFatal("form %s has no fitting widget %s for member %s", qPrintable(form->objectName()), spec->widget,
+                   spec->key);
+        }
+        m_fields.push_back({*spec, widget});
+    }
+}
+
+FormFields::FieldWidget FormFields::find(const QWidget* form, const FieldSpec& spec)
 {
     const QString name = QLatin1String(spec.widget);
     switch (spec.read) {
@@ -20,46 +77,54 @@ QWidget* findOfKind(const QWidget* form, const FieldSpec& spec)
         return form->findChild<QSpinBox*>(name);
     case Read::Bool:
         return form->findChild<EnableButton*>(name);
+    case Read::Text:
+        return form->findChild<QLineEdit*>(name);
+    case Read::Choice:
     case Read::Fixed:
-        return form->findChild<QComboBox*>(name);
+        break;
     }
-    return nullptr;
+    return form->findChild<QComboBox*>(name);
 }
 
-} // namespace
-
-FormFields::FormFields(const QWidget* form, const FieldSpec* specs, int count)
+void FormFields::show(const Field& field, const QJsonValue& value)
 {
-    m_fields.reserve(static_cast<std::size_t>(count));
-    for (const FieldSpec* spec = specs; spec != specs + count; ++spec) {
-        QWidget* widget = findOfKind(form, *spec);
-        if (widget == nullptr) {
-            qFatal("form %s has no fitting widget %s for member %s", qPrintable(form->objectName()), spec->widget,
-                   spec->key);
-        }
-        m_fields.push_back({*spec, widget});
-    }
+    struct Setter {
+        const QJsonValue& value;
+        void operator()(QSpinBox* box) const { box->setValue(value.toInt()); }
+        void operator()(EnableButton* button) const { button->setIsEnabled(value.toBool(), false); }
+        void operator()(QLineEdit* edit) const { edit->setText(value.toString()); }
+        void operator()(QComboBox* box) const { box->setCurrentIndex(value.toInt()); }
+    };
+    std::visit(
+        [&value](auto* widget) {
+            const QSignalBlocker silent(widget);
+            Setter{value}(widget);
+        },
+        field.widget);
+}
+
+QJsonValue FormFields::shown(const Field& field)
+{
+    struct Getter {
+        QJsonValue operator()(const QSpinBox* box) const { return box->value(); }
+        QJsonValue operator()(EnableButton* button) const { return button->getIsEnabled(); }
+        QJsonValue operator()(const QLineEdit* edit) const { return edit->text(); }
+        QJsonValue operator()(const QComboBox* box) const { return box->currentIndex(); }
+    };
+    return field.spec.read == Read::Fixed ? standardOf(field.spec) : std::visit(Getter(), field.widget);
 }
 
 void FormFields::load(const QJsonObject& node) const
 {
     for (const Field& field : m_fields) {
-        const QJsonValue value = node.value(QLatin1String(field.spec.key));
-        const QSignalBlocker silent(field.widget);
-        switch (field.spec.read) {
-        case Read::Integer:
-            static_cast<QSpinBox*>(field.widget)->setValue(value.toInt());
-            break;
-        case Read::Truncated:
-            static_cast<QSpinBox*>(field.widget)->setValue(truncatedToInt(value.toDouble()));
-            break;
-        case Read::Bool:
-            static_cast<EnableButton*>(field.widget)->setIsEnabled(value.toBool(), false);
-            break;
-        case Read::Fixed:
-            static_cast<QComboBox*>(field.widget)->setCurrentIndex(field.spec.fixedValue);
-            break;
-        }
+        show(field, taken(field.spec, node.value(QLatin1String(field.spec.key))));
+    }
+}
+
+void FormFields::reset() const
+{
+    for (const Field& field : m_fields) {
+        show(field, standardOf(field.spec));
     }
 }
 
@@ -67,19 +132,7 @@ QJsonObject FormFields::save() const
 {
     QJsonObject node;
     for (const Field& field : m_fields) {
-        const QString key = QLatin1String(field.spec.key);
-        switch (field.spec.read) {
-        case Read::Integer:
-        case Read::Truncated:
-            node.insert(key, static_cast<QSpinBox*>(field.widget)->value());
-            break;
-        case Read::Bool:
-            node.insert(key, static_cast<EnableButton*>(field.widget)->getIsEnabled());
-            break;
-        case Read::Fixed:
-            node.insert(key, field.spec.fixedValue);
-            break;
-        }
+        node.insert(QLatin1String(field.spec.key), shown(field));
     }
     return node;
 }

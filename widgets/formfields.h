@@ -2,9 +2,15 @@
 #define WIDGETS_FORMFIELDS_H
 
 #include <QJsonObject>
+#include <QJsonValue>
 
+#include <variant>
 #include <vector>
 
+class EnableButton;
+class QComboBox;
+class QLineEdit;
+class QSpinBox;
 class QWidget;
 
 /// How a member of a configuration node is read into its widget.
@@ -12,8 +18,13 @@ enum class Read {
     Integer,   ///< whole number, anything else reads as 0; spin box
     Truncated, ///< number, truncated toward zero, anything else reads as 0; spin box
     Bool,      ///< boolean, anything else reads as false; EnableButton
-    Fixed      ///< not read: always the fixed value; combo box, by index
+    Text,      ///< text, anything else reads as an empty one; line edit
+    Choice,    ///< index of an entry, read like Integer; combo box
+    Fixed      ///< not read: always the standard value; combo box, by index
 };
+
+/// The fallback of a choice that goes to the entry nearest to an index that the list does not have.
+constexpr int kNearestEntry = -1;
 
 /// One member of a configuration node. A node is described once, as a static table of these rows; ranges
 /// stay in the form.
@@ -21,10 +32,19 @@ struct FieldSpec {
     const char* key;    ///< JSON key
     const char* widget; ///< object name
     Read read;
-    int fixedValue = 0; ///< written and shown by Read::Fixed
+    int standard = 0; ///< when the whole set is missing: number, index, 1 for a switch that is on; a text is empty
+    int entries = 0;  ///< of a choice: how many there are, at least 1
+    int fallback = kNearestEntry; ///< of a choice: the entry for a missing member, or for an index beyond the entries
 };
 
-/// Binds the rows of a configuration node to the widgets of a form and carries values both ways.
+/// What a row makes of a stored value; undefined: the member is missing. A number (of a choice: one of its entries),
+/// a boolean or a text. The range of a number is the form's business.
+QJsonValue taken(const FieldSpec& row, const QJsonValue& stored);
+
+/// What a row shows when the whole set is missing.
+QJsonValue standardOf(const FieldSpec& row);
+
+/// Carries values between the rows of a configuration node and the widgets of a form.
 class FormFields
 {
 public:
@@ -35,20 +55,27 @@ public:
     {
     }
 
-    /// Sets every widget silently: nothing emits. Missing and mistyped members read as 0 or false, which
-    /// the widget's range then clamps.
+    /// Sets every widget silently to what its row takes from the node: nothing emits. Numbers are clamped to the
+    /// widget's range.
     void load(const QJsonObject& node) const;
+
+    /// Sets every widget silently to its standard value.
+    void reset() const;
 
     /// All members with the widgets' current values.
     QJsonObject save() const;
 
 private:
+    using FieldWidget = std::variant<QSpinBox*, EnableButton*, QLineEdit*, QComboBox*>;
     struct Field {
         FieldSpec spec;
-        QWidget* widget;
+        FieldWidget widget;
     };
 
     FormFields(const QWidget* form, const FieldSpec* specs, int count);
+    static FieldWidget find(const QWidget* form, const FieldSpec& spec);
+    static void show(const Field& field, const QJsonValue& value);
+    static QJsonValue shown(const Field& field);
 
     std::vector<Field> m_fields;
 };

@@ -43,7 +43,8 @@ struct Report {
 Report reportOf(FakeHost& host, const QJsonArray& answer, const QString& command)
 {
     host.forget();
-    reportSaveResult(kPage, answer, command);
+    reportOutcome(outcomeOf(answer, command), {QLatin1String(kSaved), QLatin1String(kFailed), QLatin1String(kPage)},
+                  command);
     Report report{host.messages, 0};
     for (const pendix::LogStatement& line : qAsConst(host.logs)) {
         if (line.tag.startsWith(QLatin1String("[E|"))) {

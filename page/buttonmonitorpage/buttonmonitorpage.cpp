@@ -59,9 +59,9 @@ ButtonMonitorPage::ButtonMonitorPage(QWidget* parent)
 
 ButtonMonitorPage::~ButtonMonitorPage()
 {
-    // A dialog that is deleted while it is open was closed too.
-    if (isVisible()) {
-        reject();
+    // A dialog that goes without having been closed leaves a stream running, also when it is hidden by now.
+    if (m_stream == Stream::Running) {
+        stopMonitor();
     }
 }
 
@@ -89,7 +89,7 @@ void ButtonMonitorPage::initStyle()
 void ButtonMonitorPage::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    m_stopSent = false;
+    m_stream = Stream::Running;
 }
 
 void ButtonMonitorPage::onWelderStateChanged(const QVariant& state)
@@ -107,10 +107,10 @@ void ButtonMonitorPage::onWelderStateChanged(const QVariant& state)
 
 void ButtonMonitorPage::stopMonitor()
 {
-    if (m_stopSent) {
+    if (m_stream == Stream::Stopped) {
         return;
     }
-    m_stopSent = true;
+    m_stream = Stream::Stopped;
     const QString plugin = QString::fromLatin1(names::kPlugin);
     controller::sendCommand(this, {{QLatin1String(names::command::kMonitor), false}});
     controller::endSubscription(QLatin1String(names::node::kMonitorData));

@@ -41,7 +41,13 @@ private:
     void stopMonitor();
 
     std::unique_ptr<Ui::ButtonMonitorPage> ui;
-    bool m_stopSent = false; ///< since the dialog was shown last
+    /// What the dialog knows of the stream: it is its owner who starts it.
+    enum class Stream {
+        Unknown, ///< never shown yet
+        Running, ///< shown since the last stop
+        Stopped
+    };
+    Stream m_stream = Stream::Unknown;
 };
 
 #endif

@@ -140,9 +140,18 @@ QString memberRow(const NodeMember& member)
         type = QStringLiteral("boolean");
         missing = QStringLiteral("false");
         break;
+    case Read::Text:
+        type = QStringLiteral("text");
+        missing = QStringLiteral("empty");
+        break;
+    case Read::Choice:
+        type = QStringLiteral("whole number, an entry of the list");
+        range = QStringLiteral("0 to %1").arg(member.spec.entries - 1);
+        missing = QString::number(taken(member.spec, QJsonValue::Undefined).toInt());
+        break;
     case Read::Fixed:
         type = QStringLiteral("not read");
-        range = QStringLiteral("always sent as %1").arg(member.spec.fixedValue);
+        range = QStringLiteral("always sent as %1").arg(member.spec.standard);
         break;
     }
     return row({code(member.spec.key), captionOf(member), type, range, member.unit, missing, code(member.spec.widget)});

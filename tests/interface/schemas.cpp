@@ -37,8 +37,14 @@ QJsonObject memberSchema(const NodeMember& member, Direction direction)
     case Read::Bool:
         schema = typed("boolean");
         break;
+    case Read::Text:
+        schema = typed("string");
+        break;
+    case Read::Choice:
+        schema = {{"type", "integer"}, {"minimum", 0}, {"maximum", member.spec.entries - 1}};
+        break;
     case Read::Fixed:
-        schema = direction == Direction::Sent ? exactly(member.spec.fixedValue) : QJsonObject();
+        schema = direction == Direction::Sent ? exactly(member.spec.standard) : QJsonObject();
         break;
     }
     QString words = member.caption;

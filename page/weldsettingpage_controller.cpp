@@ -1,0 +1,255 @@
+// What the page asks of the controller and tells it: show, save, cancel and the main switch.
+#include "common/controller.h"
+#include "common/logline.h"
+#include "common/mjson.h"
+#include "common/names.h"
+#include "common/operatormessage.h"
+#include "page/blockingpause.h"
+#include "page/weldsettingpage.h"
+#include "ui_weldsettingpage.h"
+
+#include <QScopeGuard>
+#include <QShowEvent>
+
+namespace
+{
+
+/// How long the switch rests before its command and before the answer is judged, in milliseconds.
+constexpr int kSwitchPauseMs = 300;
+
+} // namespace
+
+/// Does some work as the page's only business, and catches up with a show that came meanwhile. False, with nothing
+/// done, while another business is under way.
+template <typename Work>
+bool WeldSettingPage::conduct(const Work& work)
+{
+    const auto turn = m_business.begin();
+    if (!turn) {
+        return false;
+    }
+    m_shownMeanwhile = false;
+    const Fields fields = work(*turn);
+    if (turn->ownerLives() && m_shownMeanwhile) {
+        refresh(*turn, fields);
+    }
+    return true;
+}
+
+void WeldSettingPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    const bool isOurs = conduct([this](const Business::Turn& turn) {
+        refresh(turn, Fields::Reread);
+        return Fields::Reread;
+    });
+    if (!isOurs) {
+        // What is under way may be about to send what the form holds.
+        m_shownMeanwhile = true;
+    }
+}
+
+void WeldSettingPage::refresh(const Business::Turn& turn, Fields fields)
+{
+    if (!fillSignalCombos(turn) || (fields == Fields::Reread && !loadFromController(turn))) {
+        return;
+    }
+    initPlaneStatus();
+    if (applyAccess(turn)) {
+        initStyle();
+    }
+}
+
+bool WeldSettingPage::fillSignalCombos(const Business::Turn& turn)
+{
+    const QStringList outputs = mJson::GetDO();
+    const QStringList inputs = turn.ownerLives() ? mJson::GetDI() : QStringList();
+    if (!turn.ownerLives()) {
+        return false;
+    }
+    ui->comboBox_detection_do->clear();
+    ui->comboBox_detection_do->addItem(QString());
+    ui->comboBox_detection_do->addItems(outputs);
+    ui->comboBox_feedback_di->clear();
+    ui->comboBox_feedback_di->addItem(QString());
+    ui->comboBox_feedback_di->addItems(inputs);
+    return true;
+}
+
+bool WeldSettingPage::loadFromController(const Business::Turn& turn)
+{
+    const QJsonValue config = controller::readNode(QLatin1String(names::node::kWeldSetting));
+    if (turn.ownerLives()) {
+        loadServerConfigFromJson(config);
+    }
+    return turn.ownerLives();
+}
+
+bool WeldSettingPage::applyAccess(const Business::Turn& turn)
+{
+    const PageAccess access = accessOf(this);
+    if (turn.ownerLives()) {
+        setEnabled(access != PageAccess::Locked);
+        setAllPlaneStatus(!getMainBtnStatus());
+    }
+    return turn.ownerLives();
+}
+
+void WeldSettingPage::lockPage()
+{
+    setEnabled(false);
+    setAllPlaneStatus(!getMainBtnStatus());
+}
+
+void WeldSettingPage::checkSaveResult(const QJsonArray& result, const QString& key)
+{
+    reportOutcome(outcomeOf(result, key),
+                  {tr("Saved successfully"), tr("Save failed. Please check the parameter configuration."),
+                   QStringLiteral("WeldSettingPage::checkSaveResult failed. ")},
+                  key);
+}
+
+void WeldSettingPage::save()
+{
+    conduct([this](const Business::Turn& turn) { return saveNow(turn); });
+}
+
+WeldSettingPage::Fields WeldSettingPage::saveNow(const Business::Turn& turn)
+{
+    const bool allowed = operatorMayChange();
+    if (!turn.ownerLives()) {
+        return Fields::Keep;
+    }
+    if (!allowed) {
+        lockPage();
+        return Fields::Keep;
+    }
+    if (!validateLaserCheckTime()) {
+        return Fields::Keep;
+    }
+    const QString command = QLatin1String(names::command::kSetWeldSetting);
+    const QJsonArray result = controller::sendCommand(this, saveServerConfigToJson());
+    if (turn.ownerLives()) {
+        checkSaveResult(result, command);
+    }
+    return outcomeOf(result, command).kind == Outcome::Kind::Done ? Fields::Reread : Fields::Keep;
+}
+
+void WeldSettingPage::cancel()
+{
+    conduct([this](const Business::Turn& turn) {
+        if (loadFromController(turn)) {
+            initPlaneStatus();
+            if (applyAccess(turn)) {
+                tellOperator(pendix::information, tr("Cancel successful"));
+            }
+        }
+        return Fields::Reread;
+    });
+}
+
+void WeldSettingPage::setMainSwitch(bool isOn)
+{
+    ui->pushButton_main_enable->setIsEnabled(isOn, false);
+}
+
+void WeldSettingPage::onSwitchMain(bool isOn)
+{
+    const bool done = conduct([this, isOn](const Business::Turn& turn) {
+        flip(isOn, turn);
+        return Fields::Reread;
+    });
+    if (!done) {
+        setMainSwitch(!isOn);
+    }
+}
+
+void WeldSettingPage::flip(bool isOn, const Business::Turn& turn)
+{
+    blockingPause(kSwitchPauseMs);
+    if (controller::isRobotPowered()) {
+        if (turn.ownerLives()) {
+            tellOperator(pendix::error, tr("Do not modify while powered on!"));
+        }
+        if (turn.ownerLives()) {
+            setMainSwitch(!isOn);
+        }
+        return;
+    }
+    const bool allowed = turn.ownerLives() && operatorMayChange();
+    if (!turn.ownerLives()) {
+        return;
+    }
+    if (!allowed) {
+        setMainSwitch(!isOn);
+        lockPage();
+    } else if (isOn) {
+        switchOn(turn);
+    } else {
+        switchOff(turn);
+    }
+}
+
+void WeldSettingPage::switchOff(const Business::Turn& turn)
+{
+    controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("FALSE"));
+    if (!turn.ownerLives()) {
+        return;
+    }
+    setAllPlaneStatus(true);
+    setMainSwitch(false);
+}
+
+void WeldSettingPage::switchOn(const Business::Turn& turn)
+{
+    if (!validateLaserCheckTime()) {
+        if (turn.ownerLives()) {
+            setMainSwitch(false);
+        }
+        return;
+    }
+    // The controller welds with what the form shows, saved or not: with what was validated, so nothing can be edited
+    // before it has got it.
+    setMainSwitch(true);
+    const QJsonObject settings = saveServerConfigToJson();
+    if (!enableWelding(turn)) {
+        return;
+    }
+    const bool allowed = operatorMayChange();
+    if (!turn.ownerLives()) {
+        return;
+    }
+    if (!allowed) {
+        lockPage();
+        logLine(LogLevel::Warning) << "WeldSettingPage::onSwitchMain welding is on with the controller's own settings:"
+                                   << "the operator's level fell before they were sent";
+        return;
+    }
+    // Its answer changes nothing here.
+    controller::sendCommand(this, settings);
+}
+
+bool WeldSettingPage::enableWelding(const Business::Turn& turn)
+{
+    setAllPlaneStatus(false);
+    auto putBack = qScopeGuard([this, &turn] {
+        if (turn.ownerLives()) {
+            setMainSwitch(false);
+            setAllPlaneStatus(true);
+        }
+    });
+    const QJsonArray result =
+        controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("TRUE"));
+    blockingPause(kSwitchPauseMs);
+    if (!turn.ownerLives()) {
+        return false;
+    }
+    if (!parseJsonBool(result)) {
+        tellOperator(pendix::error, tr("Laser weld startup faild!"));
+        return false;
+    }
+    putBack.dismiss();
+    setAllPlaneStatus(false);
+    setMainSwitch(true);
+    return true;
+}
