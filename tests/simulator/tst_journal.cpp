@@ -117,6 +117,7 @@ void TestJournal::filterAndCopy()
     QSignalSpy changes(view.model(), &QAbstractItemModel::dataChanged);
     QTRY_COMPARE(changes.size(), 1);
     QCOMPARE(changes.first().first().toModelIndex().row(), 0);
+    QCOMPARE(view.model()->index(0, JournalModel::Kind).data().toString(), JournalModel::untoldMark());
     const QStringList lines = view.selectedText().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 3);
     QVERIFY(lines.at(0).startsWith(QLatin1String("2\t")));

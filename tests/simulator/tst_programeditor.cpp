@@ -316,6 +316,13 @@ void TestProgramEditor::whatHappensMeanwhile()
     click("replaceLine");
     QCOMPARE(lines(), QStringList({"Weave(2);", "Wire(7);"}));
 
+    // An undo that comes while the editor of the line that is back is being built.
+    m_editor->program()->replaceLine(0, "Weave(4);", "Weave");
+    m_editor->program()->replaceLine(0, "Weave(5);", "Weave");
+    meanwhile = [this] { click("programUndo"); };
+    click("programUndo");
+    QCOMPARE(lines(), QStringList({"Weave(2);", "Wire(7);"}));
+
     find<QTabWidget>("programPanes")->setCurrentIndex(0);
     QVERIFY(m_editor->insertPane()->pick("Weave"));
     meanwhile = [this] { m_editor->insertPane()->pick("Wire"); };
