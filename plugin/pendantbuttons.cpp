@@ -171,7 +171,6 @@ void takeTurns(const ButtonRow& row, const Plugin& plugin, HeldState& state)
         try {
             row.act({plugin, down, down ? &state.stopWaits : nullptr});
         } catch (...) {
-            state.startWaits = false;
             if (!state.stopWaits) {
                 throw;
             }

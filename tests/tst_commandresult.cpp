@@ -1,4 +1,5 @@
 #include "common/commandresult.h"
+#include "common/controller.h"
 #include "common/logline.h"
 #include "common/operatormessage.h"
 #include "tests/fakehost.h"
@@ -54,6 +55,7 @@ void TestCommandResult::outcome_data()
             {"Corvane":{"set_x":{"return":0}}}])");
     row("second element answers", R"([{"Corvane":{"other":{"return":0}}},{"Corvane":{"set_x":{"return":3}}}])",
         "2|failed", "x failed. |set_x| Result:|3");
+    row("refused below 0", R"([{"Corvane":{"set_x":{"return":-1}}}])", "2|failed", "x failed. |set_x| Result:|-1");
     row("silent controller", "[]", "", "x failed. not found |set_x| Result");
     row("other plug-in", R"([{"Other":{"set_x":{"return":0}}}])", "", "x failed. not found |set_x| Result");
 }
@@ -138,6 +140,8 @@ void TestCommandResult::logIdiom()
 
 void TestCommandResult::permission()
 {
+    // Who can't be asked has not agreed.
+    QVERIFY(!operatorMayChange() && controller::isRobotPowered());
     FakeHost host;
     for (int level = 0; level <= 5; ++level) {
         host.level = level;

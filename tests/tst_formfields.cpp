@@ -69,6 +69,7 @@ void TestFormFields::reading_data()
     // integer, truncated, boolean, text, nearest entry, entry or the third one
     row("whole", 300, {300, 300, false, "", 2, 2});
     row("an entry", 1, {1, 1, false, "", 1, 1});
+    row("beyond the entries", 3, {3, 3, false, "", 2, 2});
     row("the first entry", 0, {0, 0, false, "", 0, 0});
     row("fraction", 300.7, {0, 300, false, "", 0, 0});
     row("negative fraction", -0.9, {0, 0, false, "", 0, 0});

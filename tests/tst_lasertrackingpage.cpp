@@ -55,6 +55,9 @@ void TestLaserTrackingPage::embedsAtOnce()
     QVERIFY(!guest->isWindow() && guest->isVisible());
     QCOMPARE(former.layout()->count(), 0);
     QCOMPARE(guest->size(), page->size());
+    page->resize(10, 10);
+    page->initStyle();
+    QCOMPARE(page->size(), stack.size());
     page->hide();
     page->show();
     QCOMPARE(m_host.calls.count("pluginNoUniqueWidget Mirolt"), 1);
@@ -129,13 +132,18 @@ void TestLaserTrackingPage::survivesItsGuest()
     page->initStyle();
     QVERIFY(guest == nullptr);
 
-    // A neighbour that throws is asked again.
+    // A neighbour that throws is asked again, one that is still being asked is not.
     m_host.otherWidget = []() -> QWidget* { throw 1; };
     LaserTrackingPage other(nullptr);
     QVERIFY_EXCEPTION_THROWN(other.initStyle(), int);
-    m_host.otherWidget = [&guest] { return guest = new QLabel; };
+    m_host.calls.clear();
+    m_host.otherWidget = [&] {
+        other.initStyle();
+        return guest = new QLabel;
+    };
     other.initStyle();
     QVERIFY(guest != nullptr);
+    QCOMPARE(m_host.calls.size(), 1);
 }
 
 QTEST_MAIN(TestLaserTrackingPage)
