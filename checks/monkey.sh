@@ -11,11 +11,13 @@ fi
 per_round=2500   # one pendant's day; the round's seed counts up, so each can be had again on its own
 everything=80000 # so many actions leave nothing untouched
 
-build asan monkey corvane_module mirolt_module
+need python3
+build asan monkey plantedfault corvane_module mirolt_module
 folder="$root/build/asan/monkey"
 rm -rf "$folder"
 mkdir -p "$folder"
 # Leaks are looked for where the suite does a short round, with the deep stacks that this takes.
+try_sanitizers "$folder/reports" address undefined float-cast-overflow -- detect_leaks=0
 watch_sanitizers "$folder/reports" detect_leaks=0
 
 # round FIRST ACTIONS SEED: one round; what it did last is shown when it fails.
@@ -41,11 +43,27 @@ done | xargs -P "$(nproc)" -L 1 bash -c 'round "$@"' round || failed=1
 no_reports "$folder/reports" || failed=1
 [ -z "${failed:-}" ] || exit 1
 
-# Over all rounds, everything that was offered must have been used, and every known message shown.
+# Over all rounds, everything that was offered must have been used, every message shown, and each at one level only.
 cat "$folder"/*.out > "$folder/all"
+told=$(sed -n 's/^used message //p' "$folder/all" | sort -u) # LEVEL TEXT
+twofold=$(cut -d ' ' -f 2- <<< "$told" | sort | uniq -d)
+if [ -n "$twofold" ]; then
+    echo "told at more than one level:" >&2
+    echo "$twofold" >&2
+    exit 1
+fi
+python3 "$root/checks/monkey/messages.py" > "$folder/messages"
+sed -i 's/^used message [0-9]* /used message /' "$folder/all"
+unknown=$(comm -13 <(sed 's/^offered //' "$folder/messages" | sort -u) <(sed -n 's/^used \(message \)/\1/p' "$folder/all" | sort -u))
+if [ -n "$unknown" ]; then
+    echo "told, and checks/monkey/messages.py does not find where:" >&2
+    echo "$unknown" >&2
+    exit 1
+fi
+cat "$folder/messages" >> "$folder/all"
 unused=$(comm -23 <(sed -n 's/^offered //p' "$folder/all" | sort -u) <(sed -n 's/^used //p' "$folder/all" | sort -u))
 if [ "$actions" -ge $everything ] && [ -n "$unused" ]; then
-    echo "never used in $actions actions:" >&2
+    echo "never used or told in $actions actions:" >&2
     echo "$unused" >&2
     exit 1
 fi

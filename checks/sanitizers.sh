@@ -30,3 +30,28 @@ no_reports() {
     done
     [ "$found" -eq 0 ] || { echo "$found sanitizer report(s)" >&2; return 1; }
 }
+
+# try_sanitizers FOLDER FAULT... [-- OPTION...]: whether each of these faults is reported, in a program of its own and
+# in a child whose exit code nobody looks at; options as for watch_sanitizers. A report that is lost would pass as
+# none. Needs the target plantedfault.
+try_sanitizers() {
+    local folder=$1 fault process faults=() failed=0
+    shift
+    while [ $# -gt 0 ] && [ "$1" != -- ]; do
+        faults+=("$1")
+        shift
+    done
+    local -A words=([address]=heap-use-after-free [leak]='detected memory leaks'
+                    [undefined]='signed integer overflow' [float-cast-overflow]='outside the range of representable')
+    for fault in "${faults[@]}"; do
+        for process in "" child; do
+            watch_sanitizers "$folder" "${@:2}"
+            "$root/build/asan/bin/plantedfault" "$fault" $process > "$folder/said" 2>&1 || true
+            if ! grep -qs "${words[$fault]}" "$folder"/report.*; then
+                echo "sanitizers: a planted fault, $fault${process:+ in a child process}, is not reported" >&2
+                failed=1
+            fi
+        done
+    done
+    return $failed
+}

@@ -1,4 +1,5 @@
-# Pictures of every page and editor in every language, density and font zoom, and the check of their layout.
+# Pictures of every page and editor in every language, density and font zoom, and the check of their layout: none may
+# have a fault, and each must show every control that the plainest one (English, 96 dpi, zoom 1) shows.
 
 if [ $# -gt 1 ]; then
     echo "./dev shots: at most one folder, not '$*'" >&2
@@ -8,7 +9,7 @@ pictures=${1:-$root/build/shots}
 mkdir -p "$pictures"
 pictures=$(cd "$pictures" && pwd)
 # Only what this run takes counts; the folder may hold other files of its user.
-rm -f "$pictures"/*_??_*dpi_z*.png
+rm -f "$pictures"/*_??_*dpi_z*.png "$pictures"/controls_??_*dpi_z*.txt
 logs=$(mktemp -d)
 trap 'rm -rf "$logs"' EXIT
 
@@ -35,6 +36,14 @@ for language in en zh; do
         done
     done
 done | xargs -P 2 -L 1 bash -c 'shoot "$@"' shoot
+
+plainest="$pictures/controls_en_96dpi_z1.txt"
+for list in "$pictures"/controls_*.txt; do
+    look=$(basename "$list" .txt)
+    LC_ALL=C comm -23 <(LC_ALL=C sort "$plainest") <(LC_ALL=C sort "$list") |
+        sed "s/^/${look#controls_}: missing: /" >> "$logs/missing.out"
+done
+[ -s "$plainest" ] || echo "the list of controls is empty: $plainest" >> "$logs/missing.out"
 
 taken=$(find "$pictures" -maxdepth 1 -name '*_??_*dpi_z*.png' | wc -l)
 faults=$(grep -hv 'layout faults$' "$logs"/*.out || true)

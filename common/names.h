@@ -37,13 +37,13 @@ inline constexpr Node kWeldSetting = {
 inline constexpr Node kVirtualWelding = {"laser_weld_data.virtual_welding_status", Content::Boolean,
                                          "status picture, after every (re)connection; pendant button \"Work mode\". "
                                          "Missing: false, real welding"};
-inline constexpr Node kRedLight = {"laser_weld_data.weld_redlight_status", Content::Boolean,
-                                   "pendant button \"Red Light\". Missing: false, the light is off"};
+inline constexpr Node kRedLightStatus = {"laser_weld_data.weld_redlight_status", Content::Boolean,
+                                         "pendant button \"Red Light\". Missing: false, the light is off"};
 inline constexpr Node kMonitorData = {
     "weld_monitor_data", Content::Stream,
     "the monitor, from whoever opened it; the monitor ends the subscription when it is closed"};
 
-inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLight, &kMonitorData};
+inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLightStatus, &kMonitorData};
 
 } // namespace node
 
@@ -103,13 +103,13 @@ inline constexpr Command kRetractWire = {"set_weld_retract_wire", Argument::Bool
                                          "\"Retract Wire\" pressed (true) and released (false)"};
 inline constexpr Command kManualGas = {"set_weld_manual_gas", Argument::True, Answer::Code, "pendix::Corvane",
                                        "\"ProtectGas\" pressed"};
-inline constexpr Command kRedLight = {"set_weld_red_light", Argument::Boolean, Answer::Ignored, "pendix::Corvane",
-                                      "\"Red Light\" pressed; the opposite of what is"};
+inline constexpr Command kSetRedLight = {"set_weld_red_light", Argument::Boolean, Answer::Ignored, "pendix::Corvane",
+                                         "\"Red Light\" pressed; the opposite of what is"};
 inline constexpr Command kMonitor = {"start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
                                      "the monitor is closed; true, which starts the stream, is for who opens it"};
 
 inline constexpr const Command* kAll[] = {&kSetWeldSetting, &kSetWeldEnable, &kSetVirtualWelding, &kFeedWire,
-                                          &kRetractWire,    &kManualGas,     &kRedLight,          &kMonitor};
+                                          &kRetractWire,    &kManualGas,     &kSetRedLight,       &kMonitor};
 
 } // namespace command
 

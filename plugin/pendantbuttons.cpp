@@ -127,11 +127,11 @@ void toggleRedLight(const Press& press)
     if (!press.down || !permitted() || !press.stands()) {
         return;
     }
-    const bool on = isOn(names::node::kRedLight);
+    const bool on = isOn(names::node::kRedLightStatus);
     // Asked again, as somebody else may have logged in while the status was read. The operator sees the light itself:
     // nothing is reported.
     if (press.stands()) {
-        sendPermitted(press, names::command::kRedLight, !on);
+        sendPermitted(press, names::command::kSetRedLight, !on);
     }
 }
 

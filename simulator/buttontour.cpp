@@ -14,7 +14,7 @@ namespace
 
 const QString kWorkMode = QStringLiteral("pendantButton_Corvane_1_1");
 const QString kWiring = QStringLiteral("pendantButton_Corvane_1_2");
-const QString kRedLight = QStringLiteral("pendantButton_Corvane_1_3");
+const QString kRedLightButton = QStringLiteral("pendantButton_Corvane_1_3");
 const QString kGas = QStringLiteral("pendantButton_Corvane_2_1");
 const QString kMonitor = QStringLiteral("pendantButton_pendant_1_1");
 const QString kModeCommand = QStringLiteral("set_virtual_welding");
@@ -103,7 +103,7 @@ void stopsTheWire(Tour& tour)
 void opensGasAndLight(Tour& tour)
 {
     tour.click(kGas);
-    tour.click(kRedLight);
+    tour.click(kRedLightButton);
     tour.expectCommands({QStringLiteral("set_weld_manual_gas true"), QStringLiteral("set_weld_red_light true")});
     tour.expectMessages({QStringLiteral("information: Open gas successfully")});
     tour.expect(tour.controller()->value(QLatin1String(node::kRedLight)), Tour::tr("the red light should be on"));

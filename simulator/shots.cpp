@@ -7,6 +7,7 @@
 #include "simulator/userinput.h"
 
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -128,6 +129,7 @@ int Shots::run(const QStringList& plugins)
     if (m_pictures == 0) {
         complain(tr("nothing"), tr("there is no page and no editor to take a picture of"));
     }
+    writeControls();
     m_out << tr("%1 pictures, %2 layout faults\n").arg(m_pictures).arg(m_faults);
     m_out.flush();
     return m_faults;
@@ -231,12 +233,42 @@ void Shots::shoot(QWidget* widget, const QString& name)
     for (const LayoutFault& fault : layoutFaults(widget)) {
         complain(name, fault.words);
     }
-    const QString file = QStringLiteral("%1_%2_%3dpi_z%4.png")
-                             .arg(name, m_look.language, QString::number(m_look.dpi), QString::number(m_look.zoom));
+    listControls(widget, name);
+    const QString file = QStringLiteral("%1_%2.png").arg(name, nameOfLook());
     if (!picture(widget).save(m_folder.filePath(file))) {
         complain(name, tr("the picture %1 can't be written").arg(file));
     }
     ++m_pictures;
+}
+
+/// What has a name, and what takes input; Qt's own parts of its widgets have neither or a name of theirs.
+void Shots::listControls(const QWidget* widget, const QString& name)
+{
+    for (const QWidget* control : widget->findChildren<QWidget*>()) {
+        const QString own = control->objectName();
+        const bool isPart = own.startsWith(QLatin1String("qt_"));
+        const bool isControl = !own.isEmpty() || control->focusPolicy() != Qt::NoFocus;
+        if (control->isVisible() && isControl && !isPart) {
+            m_controls.append(
+                QStringLiteral("%1: %2 %3").arg(name, QLatin1String(control->metaObject()->className()), own));
+        }
+    }
+}
+
+void Shots::writeControls()
+{
+    m_controls.sort();
+    QFile file(m_folder.filePath(QStringLiteral("controls_%1.txt").arg(nameOfLook())));
+    const QByteArray lines = m_controls.join(QLatin1Char('\n')).toUtf8() + '\n';
+    if (!file.open(QIODevice::WriteOnly) || file.write(lines) != lines.size()) {
+        complain(tr("the list of controls"), file.errorString());
+    }
+}
+
+QString Shots::nameOfLook() const
+{
+    return QStringLiteral("%1_%2dpi_z%3")
+        .arg(m_look.language, QString::number(m_look.dpi), QString::number(m_look.zoom));
 }
 
 void Shots::complain(const QString& name, const QString& words)

@@ -15,7 +15,8 @@ class EditorFrame;
 /// Takes a picture of every page, status item and instruction editor of the loaded plug-ins, of the pendant buttons and
 /// the monitor, each at the size that it has beside or on a screen of 1280 pixels, and checks their layout. A denser
 /// screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and zoom: Qt
-/// reads a density once, and plug-ins read language and zoom when they are built.
+/// reads a density once, and plug-ins read language and zoom when they are built. So each writes a list of what its
+/// pictures show, for others to compare ("controls_zh_144dpi_z1.5.txt", a line "view: class name" for each control).
 class Shots
 {
     Q_DECLARE_TR_FUNCTIONS(sim::Shots)
@@ -45,6 +46,9 @@ private:
     void shootEditors();
     EditorFrame* openEditor(const Pane& pane, const pendix::RlInstruction& instruction);
     void shoot(QWidget* widget, const QString& name);
+    void listControls(const QWidget* widget, const QString& name);
+    void writeControls();
+    QString nameOfLook() const;
     void complain(const QString& name, const QString& words);
 
     PendantWindow* m_window;
@@ -52,6 +56,7 @@ private:
     Look m_look;
     QDir m_folder;
     QTextStream m_out;
+    QStringList m_controls;
     int m_pictures = 0;
     int m_faults = 0;
 };

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""What README.md and docs/*.md name must be there: every path of the project in backticks, every relative link.
+"""What README.md and docs/*.md name must be there: every path of the project in backticks, every relative link, every
+word of ./dev, every option of the simulator, and every text that the operator guide quotes.
 
 A path may leave out the ending (`rl/motioneditor`), list several (`page/weldsettingpage.{h,cpp,ui}`) or hold a "*".
 A name without its folder, or with the last of its folders only, counts if any file has it. A name that heads a code
@@ -10,6 +11,7 @@ import fnmatch
 import posixpath
 import re
 import sys
+import xml.etree.ElementTree
 
 from sources import line_of, project_files, read
 
@@ -20,6 +22,17 @@ BACKTICKS = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)\s]+)\)")
 FILE = re.compile(r"[\w.*{},/-]+\.(?:cpp|h|ui|qrc|ts|svg|png|json|md|py|sh|cmake|supp|txt)")
 HEADING = re.compile(r"^#+ +(.*)$", re.MULTILINE)
+
+GUIDE = "docs/operator-guide.md"
+TRANSLATION = "resources/language/Corvane_cn.ts"
+QUOTED = re.compile(r'"([^"]*)"')
+CHINESE = re.compile("[\u3000-\u303f\u4e00-\u9fff\uff00-\uffef]+")
+DEV_WORD = re.compile(r"(?:\.|\$REPO)/dev (\w+)")
+DEV_CASE = re.compile(r"^([a-z0-9][a-z0-9 |]*)\)$", re.MULTILINE)
+# A span in backticks or a line of its own; other programs' options are theirs, and what ./dev hands on is too.
+COMMAND = re.compile(r"(?:`|^[ \t]*)((?:(?:\S*/)?(?:pendant|dev run)\b|--)[^`\n]*)", re.MULTILINE)
+OPTION = re.compile(r"(?<!\S)--([a-z][\w-]*)")
+OPTION_NAMES = re.compile(r'QCommandLineOption \w+\{\s*\{?QStringLiteral\("([\w-]+)"\)(?:, QStringLiteral\("([\w-]+)"\))?')
 
 
 def blanked(match):
@@ -97,17 +110,58 @@ def check_links(name, text, project, failures):
     return count
 
 
+def check_words(name, text, words, failures):
+    """Returns how many words of ./dev there are."""
+    found = list(DEV_WORD.finditer(text))
+    failures.extend(f"{name}:{line_of(text, match.start())}: ./dev has no word {match[1]}"
+                    for match in found if match[1] not in words)
+    return len(found)
+
+
+def check_options(name, text, options, failures):
+    """Returns how many options of the simulator there are."""
+    count = 0
+    for command in COMMAND.finditer(text):
+        for match in OPTION.finditer(command[1]):
+            count += 1
+            if match[1] not in options:
+                failures.append(f"{name}:{line_of(text, command.start())}: the simulator has no option --{match[1]}")
+    return count
+
+
+def check_quotes(failures):
+    """What the operator guide quotes stands in the translation file: a text as it is, Chinese as a part of one.
+    Returns how many quotes there are."""
+    text = COMMENT.sub(blanked, read(GUIDE))
+    messages = list(xml.etree.ElementTree.fromstring(read(TRANSLATION)).iter("message"))
+    sources = {" ".join(message.findtext("source").split()) for message in messages}
+    chinese = "\n".join(message.findtext("translation") for message in messages)
+    count = 0
+    for pattern, is_there in ((QUOTED, lambda quote: " ".join(quote.split()) in sources),
+                              (CHINESE, lambda quote: quote in chinese)):
+        for match in pattern.finditer(text):
+            count += 1
+            quote = match[match.lastindex or 0]
+            if not is_there(quote):
+                failures.append(f"{GUIDE}:{line_of(text, match.start())}: {TRANSLATION} does not have \"{quote}\"")
+    return count
+
+
 def main():
-    project, failures, count = Project(), [], 0
+    project, failures, count, mentions = Project(), [], 0, 0
+    words = {word.strip() for case in DEV_CASE.findall(read("dev")) for word in case.split("|")}
+    options = {option for names in OPTION_NAMES.findall(read("simulator/options.cpp")) for option in names}
     pages = [name for name in sorted(project.files) if re.fullmatch(r"README\.md|docs/[^/]+\.md", name)]
     for name in pages:
         whole = read(name)
         text = COMMENT.sub(blanked, CODE_BLOCK.sub(blanked, whole))
         examples = EXAMPLE.findall(whole)
         count += check_paths(name, text, examples, project, failures) + check_links(name, text, project, failures)
+        mentions += check_words(name, whole, words, failures) + check_options(name, whole, options, failures)
+    mentions += check_quotes(failures)
     print(*failures, sep="\n", end="\n" if failures else "", file=sys.stderr)
     if not failures:
-        print(f"{count} paths and links in {len(pages)} documents")
+        print(f"{count} paths and links, {mentions} words, options and quotes in {len(pages)} documents")
     return 1 if failures else 0
 
 

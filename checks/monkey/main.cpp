@@ -1,6 +1,5 @@
 #include "checks/monkey/hands.h"
 #include "checks/monkey/monkey.h"
-#include "checks/monkey/operatormessages.h"
 #include "simulator/cellfile.h"
 #include "simulator/clock.h"
 #include "simulator/pluginloader.h"
@@ -174,9 +173,6 @@ int main(int argc, char* argv[])
     Logbook logbook(orders.log);
     theLogbook = &logbook;
     qInstallMessageHandler(judgeMessage);
-    for (const QString& text : operatormessages::all()) {
-        logbook.offered(QStringLiteral("message \"%1\"").arg(text));
-    }
     work(orders, *std::move(cell), &logbook);
     judgeLeftovers(&logbook);
     qInstallMessageHandler(nullptr);

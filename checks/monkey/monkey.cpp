@@ -8,11 +8,11 @@
 #include <QApplication>
 #include <QFile>
 #include <QPixmap>
-#include <QPointer>
 #include <QToolButton>
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 using namespace sim;
 
@@ -23,6 +23,10 @@ namespace
 constexpr int kMostWhileWaiting = 4;
 constexpr int kDeepest = 3;
 constexpr int kLongestPauseMs = 800;
+/// One host call out of so many takes long enough for something else to happen.
+constexpr int kSlowCalls = 12;
+/// The rows of others' doings.
+constexpr int kOthers = 6;
 
 /// Whatever navigates does so with tool buttons that stay down.
 bool opensPage(const QWidget* widget)
@@ -38,16 +42,14 @@ QString onOff(bool on)
 
 } // namespace
 
+// What others do comes first: see interfere().
 const Monkey::ActionRow Monkey::kActions[] = {
-    {"use", 55, &Monkey::useWidget},      {"key", 8, &Monkey::pressKey},
-    {"click", 6, &Monkey::clickAnywhere}, {"page", 6, &Monkey::openPage},
-    {"again", 5, &Monkey::showAgain},     {"level", 5, &Monkey::changeLevel},
-    {"power", 3, &Monkey::changePower},   {"line", 2, &Monkey::changeLine},
-    {"value", 1, &Monkey::changeValue},   {"answer", 5, &Monkey::changeAnswer},
-    {"node", 5, &Monkey::changeNode},     {"time", 3, &Monkey::letTimePass},
-    {"size", 1, &Monkey::resize},         {"paint", 1, &Monkey::paint},
-    {"program", 6, &Monkey::openProgram}, {"spoil", 3, &Monkey::spoilProgramFile},
-};
+    {"level", 5, &Monkey::changeLevel},   {"power", 3, &Monkey::changePower},     {"line", 2, &Monkey::changeLine},
+    {"value", 1, &Monkey::changeValue},   {"answer", 5, &Monkey::changeAnswer},   {"node", 5, &Monkey::changeNode},
+    {"use", 52, &Monkey::useWidget},      {"again", 6, &Monkey::useAgain},        {"key", 8, &Monkey::pressKey},
+    {"click", 6, &Monkey::clickAnywhere}, {"page", 6, &Monkey::openPage},         {"show", 5, &Monkey::showAgain},
+    {"time", 3, &Monkey::letTimePass},    {"size", 1, &Monkey::resize},           {"paint", 1, &Monkey::paint},
+    {"program", 6, &Monkey::openProgram}, {"spoil", 3, &Monkey::spoilProgramFile}};
 
 Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHost* host, Logbook* logbook, Dice* dice)
     : m_window(window),
@@ -65,34 +67,37 @@ void Monkey::run(int actions)
 {
     m_left = actions;
     VirtualTime::instance()->whenIdle = [this] { return actWhileWaiting(); };
+    m_host->meanwhile = [this] { interfere(); };
     while (m_left > 0 && m_logbook->finding().isEmpty()) {
         m_leftWhileWaiting = m_dice->below(kMostWhileWaiting + 1);
-        act();
+        act(anyOf(std::begin(kActions), std::end(kActions)));
         // A person takes a moment from one action to the next.
         VirtualTime::instance()->pass(m_dice->below(kLongestPauseMs));
         takeInventory();
     }
     VirtualTime::instance()->whenIdle = nullptr;
+    m_host->meanwhile = nullptr;
 }
 
-void Monkey::act()
+const Monkey::ActionRow& Monkey::anyOf(const ActionRow* begin, const ActionRow* end)
+{
+    const int weights = std::accumulate(begin, end, 0, [](int sum, const ActionRow& row) { return sum + row.weight; });
+    int choice = m_dice->below(weights);
+    while (choice >= begin->weight) {
+        choice -= begin->weight;
+        ++begin;
+    }
+    return *begin;
+}
+
+void Monkey::act(const ActionRow& row)
 {
     --m_left;
-    int weights = 0;
-    for (const ActionRow& row : kActions) {
-        weights += row.weight;
-    }
-    int choice = m_dice->below(weights);
-    const ActionRow* row = std::begin(kActions);
-    while (choice >= row->weight) {
-        choice -= row->weight;
-        ++row;
-    }
     const WatchedHost::Action action(m_host);
     m_logbook->count(QStringLiteral("actions"));
-    m_logbook->note(QStringLiteral("%1 %2").arg(QString(m_host->depth(), QLatin1Char('>')), QLatin1String(row->name)));
-    const QString done = (this->*row->act)();
-    m_logbook->note(QStringLiteral("    %1: %2").arg(QLatin1String(row->name), done));
+    m_logbook->note(QStringLiteral("%1 %2").arg(QString(m_host->depth(), QLatin1Char('>')), QLatin1String(row.name)));
+    const QString done = (this->*row.act)();
+    m_logbook->note(QStringLiteral("    %1: %2").arg(QLatin1String(row.name), done));
 }
 
 bool Monkey::actWhileWaiting()
@@ -102,8 +107,15 @@ bool Monkey::actWhileWaiting()
     }
     --m_leftWhileWaiting;
     m_logbook->count(QStringLiteral("while waiting"));
-    act();
+    // Half of the time somebody else is at it: what the pendant waits for is about to become untrue.
+    act(m_dice->oneIn(2) ? anyOf(kActions, kActions + kOthers) : anyOf(std::begin(kActions), std::end(kActions)));
     return true;
+}
+
+void Monkey::interfere()
+{
+    while (m_dice->oneIn(kSlowCalls) && actWhileWaiting()) {
+    }
 }
 
 QWidget* Monkey::stage() const
@@ -125,6 +137,7 @@ void Monkey::takeInventory()
 QVector<QWidget*> Monkey::usableIn(Room room) const
 {
     const QWidget* pages = m_window->findChild<QWidget*>(QStringLiteral("pluginArea"));
+    const QWidget* keys = m_window->findChild<QWidget*>(QStringLiteral("buttonStrip"));
     const QWidget* inspector = m_window->findChild<QWidget*>(QStringLiteral("inspector"));
     const QWidget* program = m_window->programEditor();
     QVector<QWidget*> found;
@@ -134,6 +147,8 @@ QVector<QWidget*> Monkey::usableIn(Room room) const
             own = Room::Inspector;
         } else if (program->isAncestorOf(widget)) {
             own = Room::Program;
+        } else if (keys != nullptr && keys->isAncestorOf(widget)) {
+            own = Room::Keys;
         } else if (pages != nullptr && pages->isAncestorOf(widget)) {
             own = opensPage(widget) ? Room::Navigation : Room::Page;
         }
@@ -162,10 +177,18 @@ QString Monkey::useOneOf(QVector<QWidget*> widgets)
         kinds[QLatin1String(widget->metaObject()->className())].append(widget);
     }
     QWidget* widget = m_dice->oneOf(kinds[m_dice->oneOf(kinds.keys())]);
+    m_lastUsed = widget;
     const QString name = hands::nameOf(widget);
     m_logbook->used(name);
     m_logbook->note(QStringLiteral("    %1").arg(name));
     return hands::use(widget, *m_dice);
+}
+
+/// An impatient operator presses once more what does not answer.
+QString Monkey::useAgain()
+{
+    return m_lastUsed != nullptr && hands::usable(stage()).contains(m_lastUsed) ? useOneOf({m_lastUsed})
+                                                                                : QStringLiteral("gone");
 }
 
 QString Monkey::useWidget()
@@ -180,6 +203,9 @@ QString Monkey::useWidget()
     }
     if (choice == 1) {
         return useOneOf(usableIn(Room::Frame));
+    }
+    if (choice == 2) {
+        return useOneOf(usableIn(Room::Keys));
     }
     const QVector<QWidget*> fields = usableIn(m_window->programEditor()->isVisible() ? Room::Program : Room::Page);
     return fields.isEmpty() ? openPage() : useOneOf(fields);

@@ -6,11 +6,12 @@
 #include "checks/support/dice.h"
 #include "simulator/pendantwindow.h"
 
+#include <QPointer>
 #include <QTemporaryDir>
 
 /// A random operator, at a machine to which anything may happen: works whatever the pendant shows, changes level,
-/// power, line, nodes and answers, and acts again while the pendant waits for an answer. It knows no page by name, so a
-/// new page or editor needs nothing here.
+/// power, line, nodes and answers, and acts again while the pendant waits for an answer, to whatever call. It knows no
+/// page by name, so a new page or editor needs nothing here.
 class Monkey
 {
 public:
@@ -28,17 +29,20 @@ private:
     };
     static const ActionRow kActions[];
 
-    void act();
+    const ActionRow& anyOf(const ActionRow* begin, const ActionRow* end);
+    void act(const ActionRow& row);
     bool actWhileWaiting();
+    void interfere();
     void takeInventory();
     /// What takes the operator's input: the open popup or dialog, else the window.
     QWidget* stage() const;
 
-    enum class Room { Page, Navigation, Program, Inspector, Frame };
+    enum class Room { Page, Navigation, Program, Inspector, Keys, Frame };
     QVector<QWidget*> usableIn(Room room) const;
     QString useOneOf(QVector<QWidget*> widgets);
 
     QString useWidget();
+    QString useAgain();
     QString pressKey();
     QString clickAnywhere();
     QString openPage();
@@ -63,7 +67,8 @@ private:
     Dice* m_dice;
     const QJsonObject m_soundNodes; ///< as the cell has them
     QTemporaryDir m_programs;       ///< where the pendant's programs are kept
-    int m_left = 0;                 ///< actions that are still to be done
+    QPointer<QWidget> m_lastUsed;
+    int m_left = 0; ///< actions that are still to be done
     int m_leftWhileWaiting = 0;
 };
 

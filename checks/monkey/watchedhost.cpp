@@ -1,28 +1,28 @@
 #include "checks/monkey/watchedhost.h"
 
-#include "checks/monkey/operatormessages.h"
-
 #include <QCoreApplication>
 #include <QEvent>
 
-namespace
-{
-constexpr int kLowestChangingLevel = 3;
-}
-
 WatchedHost::WatchedHost(sim::SimulatedController* controller, sim::Journal* journal, Logbook* logbook)
-    : sim::SimHost(controller, journal), m_logbook(logbook), m_actions(1)
+    : sim::SimHost(controller, journal), m_logbook(logbook), m_referee(logbook)
 {
     qApp->installEventFilter(this);
 }
 
-int WatchedHost::getUserOperateLevel()
+void WatchedHost::spin()
 {
-    const int level = sim::SimHost::getUserOperateLevel();
-    m_actions.back().toldLevel = level;
-    m_logbook->count(level < kLowestChangingLevel ? QStringLiteral("refused levels")
-                                                  : QStringLiteral("sufficient levels"));
-    return level;
+    if (meanwhile) {
+        meanwhile();
+    }
+}
+
+/// The answer to a question that the referee need not know: what it was does not matter, only that it was one.
+template <typename Question>
+auto WatchedHost::answer(Question question)
+{
+    spin();
+    m_referee.otherCall();
+    return question();
 }
 
 QJsonArray WatchedHost::commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command)
@@ -31,82 +31,125 @@ QJsonArray WatchedHost::commandCustomData(QObject* sender, const QString& plugin
         m_logbook->complain(QStringLiteral("a command object has %1 members").arg(command.size()));
     }
     for (auto member = command.constBegin(); member != command.constEnd(); ++member) {
-        judge(sender, member.key(), member.value());
+        m_logbook->note(QStringLiteral("    %1 leaves: %2").arg(member.key(), sim::Journal::compact(member.value())));
+        m_referee.commandLeaves(sender, member.key(), member.value());
     }
-    // A pendant button may come up while its press is under way; these have another sender.
-    const bool isPage = sender != nullptr && sender->isWidgetType();
-    if (isPage && m_waiting.contains(sender)) {
-        m_logbook->complain(QStringLiteral("%1 sent a command while another one was under way")
-                                .arg(QLatin1String(sender->metaObject()->className())));
-    }
-    m_waiting.append(isPage ? sender : nullptr);
-    const QJsonArray answer = sim::SimHost::commandCustomData(sender, plugin, command);
-    m_waiting.removeLast();
-    QJsonArray given = bend ? bend(answer) : answer;
+    m_referee.beginWaiting(sender);
+    const QJsonArray proper = sim::SimHost::commandCustomData(sender, plugin, command);
+    m_referee.endWaiting();
+    QJsonArray given = bend ? bend(proper) : proper;
     m_logbook->note(QStringLiteral("    answered %1").arg(sim::Journal::compact(given)));
     return given;
 }
 
-void WatchedHost::judge(const QObject* sender, const QString& name, const QJsonValue& argument)
+int WatchedHost::getUserOperateLevel()
 {
-    m_logbook->note(QStringLiteral("    %1 leaves: %2").arg(name, sim::Journal::compact(argument)));
-    m_logbook->count(QStringLiteral("commands"));
-    if (mayLeaveByItself(sender, name, argument)) {
-        return;
-    }
-    judgeLevel(name);
+    spin();
+    const int level = sim::SimHost::getUserOperateLevel();
+    m_referee.levelAnswered(level);
+    return level;
 }
 
-void WatchedHost::judgeLevel(const QString& what)
+bool WatchedHost::getRobotEleStatus()
 {
-    const std::optional<int> level = m_actions.back().toldLevel;
-    if (!level) {
-        m_logbook->complain(QStringLiteral("%1 was sent without asking for the operator's level").arg(what));
-    } else if (*level < kLowestChangingLevel) {
-        m_logbook->complain(QStringLiteral("%1 was sent at operator level %2").arg(what, QString::number(*level)));
-    }
+    spin();
+    const bool powered = sim::SimHost::getRobotEleStatus();
+    m_referee.powerAnswered(powered);
+    return powered;
+}
+
+QJsonValue WatchedHost::getVexaServiceData(const QString& name)
+{
+    return answer([&] { return sim::SimHost::getVexaServiceData(name); });
+}
+
+QStringList WatchedHost::getIOByType(const QString& type)
+{
+    return answer([&] { return sim::SimHost::getIOByType(type); });
+}
+
+QHash<QString, QStringList> WatchedHost::getRegisterHash()
+{
+    return answer([&] { return sim::SimHost::getRegisterHash(); });
+}
+
+QJsonValue WatchedHost::getRegisterValue()
+{
+    return answer([&] { return sim::SimHost::getRegisterValue(); });
+}
+
+QStringList WatchedHost::getPointNameList()
+{
+    return answer([&] { return sim::SimHost::getPointNameList(); });
+}
+
+QStringList WatchedHost::getToolList()
+{
+    return answer([&] { return sim::SimHost::getToolList(); });
+}
+
+QStringList WatchedHost::getWobjList()
+{
+    return answer([&] { return sim::SimHost::getWobjList(); });
+}
+
+QStringList WatchedHost::getSpeedList()
+{
+    return answer([&] { return sim::SimHost::getSpeedList(); });
+}
+
+QStringList WatchedHost::getZoneList()
+{
+    return answer([&] { return sim::SimHost::getZoneList(); });
+}
+
+QString WatchedHost::getCurTool()
+{
+    return answer([&] { return sim::SimHost::getCurTool(); });
+}
+
+QString WatchedHost::getCurWobj()
+{
+    return answer([&] { return sim::SimHost::getCurWobj(); });
 }
 
 void WatchedHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
 {
     m_logbook->note(QStringLiteral("    stores point %1").arg(name));
-    m_logbook->count(QStringLiteral("points"));
-    judgeLevel(QStringLiteral("a point"));
-    if (name.trimmed().isEmpty() || overwrite) {
-        m_logbook->complain(QStringLiteral("a point \"%1\" was to be stored, or one replaced").arg(name));
-    }
-    sim::SimHost::addCurrentPoint(name, overwrite, tool, wobj);
-}
-
-bool WatchedHost::mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const
-{
-    // Curves that are drawn are computed again when their page is shown.
-    if (name == QLatin1String("compute_curve_config")) {
-        return sender != nullptr && sender->inherits("CharacteristicsCurvePage") &&
-               m_actions.back().shown.contains(sender);
-    }
-    // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
-    return name == QLatin1String("start_laserweld_monitor") &&
-           (argument == QJsonValue(false) || (sender != nullptr && sender->inherits("sim::MonitorOwner")));
+    m_referee.pointLeaves(name, overwrite);
+    answer([&] { sim::SimHost::addCurrentPoint(name, overwrite, tool, wobj); });
 }
 
 void WatchedHost::throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text)
 {
     m_logbook->note(QStringLiteral("    told: %1: %2").arg(sim::messageLevelName(level), text));
-    const QString known = operatormessages::known(level, text);
-    if (known.isEmpty()) {
-        m_logbook->complain(QStringLiteral("the operator was told what is no known text of level %1: %2")
-                                .arg(QString::number(level), text));
-    } else {
-        m_logbook->used(QStringLiteral("message \"%1\"").arg(known));
+    m_referee.told(source, level, text);
+    answer([&] { sim::SimHost::throwLog(source, level, text); });
+}
+
+void WatchedHost::createPhyButtonList(const QString& plugin, const QString& name,
+                                      const QList<pendix::PhysicalButton>& first,
+                                      const QList<pendix::PhysicalButton>& second, const QStringList& selector)
+{
+    sim::SimHost::createPhyButtonList(plugin, name, watched(first), watched(second), selector);
+}
+
+QList<pendix::PhysicalButton> WatchedHost::watched(QList<pendix::PhysicalButton> buttons)
+{
+    for (pendix::PhysicalButton& button : buttons) {
+        button.handler = [this, key = m_referee.addKey(), handler = button.handler](bool pressed) {
+            m_referee.keyTold(key, pressed);
+            handler(pressed);
+            m_referee.keyDone();
+        };
     }
-    sim::SimHost::throwLog(source, level, text);
+    return buttons;
 }
 
 bool WatchedHost::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show) {
-        m_actions.back().shown.insert(watched);
+        m_referee.shown(watched);
     }
     return sim::SimHost::eventFilter(watched, event);
 }

@@ -1,23 +1,13 @@
 #ifndef CHECKS_MONKEY_WATCHEDHOST_H
 #define CHECKS_MONKEY_WATCHEDHOST_H
 
-#include "checks/monkey/logbook.h"
+#include "checks/monkey/referee.h"
 #include "simulator/simhost.h"
 
-#include <QSet>
-#include <QVector>
-
 #include <functional>
-#include <optional>
-#include <vector>
 
-/// The simulator's host with a referee in it: judges every command and every message of the plug-ins.
-///
-/// A command may leave, and a point be stored, only when the host, asked in the course of the same action, has answered
-/// with a level that may change things. Judged by action, since an operator's press may send a second command after an
-/// answer during which somebody else has logged in; asked at all, since a page that remembers the level would be wrong
-/// sooner or later. While a page's command is under way, it sends no other. A stored point has a name and replaces
-/// none.
+/// The simulator's host with a referee in it, who hears of every command, question and message of the plug-ins. Like a
+/// real one it may spin the event loop in each of these calls; the font zoom and log lines come at once.
 class WatchedHost : public sim::SimHost
 {
     Q_OBJECT
@@ -29,39 +19,51 @@ public:
     class Action
     {
     public:
-        explicit Action(WatchedHost* host) : m_host(host) { m_host->m_actions.emplace_back(); }
-        ~Action() { m_host->m_actions.pop_back(); }
+        explicit Action(WatchedHost* host) : m_referee(&host->m_referee) { m_referee->beginAction(); }
+        ~Action() { m_referee->endAction(); }
         Q_DISABLE_COPY(Action)
 
     private:
-        WatchedHost* m_host;
+        Referee* m_referee;
     };
-    int depth() const { return static_cast<int>(m_actions.size()) - 1; }
+    int depth() const { return m_referee.depth(); }
 
-    QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command) override;
-    int getUserOperateLevel() override;
-    void addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj) override;
-    void throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text) override;
-
+    /// Called before a question is answered and while a message is shown; anything may happen in it.
+    std::function<void()> meanwhile;
     /// What becomes of an answer on its way to whoever asked; none: nothing.
     std::function<QJsonArray(const QJsonArray&)> bend;
+
+    QJsonArray commandCustomData(QObject* sender, const QString& plugin, const QJsonObject& command) override;
+    QJsonValue getVexaServiceData(const QString& name) override;
+    QStringList getIOByType(const QString& type) override;
+    QHash<QString, QStringList> getRegisterHash() override;
+    QJsonValue getRegisterValue() override;
+    bool getRobotEleStatus() override;
+    int getUserOperateLevel() override;
+    QStringList getPointNameList() override;
+    void addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj) override;
+    QStringList getToolList() override;
+    QStringList getWobjList() override;
+    QStringList getSpeedList() override;
+    QStringList getZoneList() override;
+    QString getCurTool() override;
+    QString getCurWobj() override;
+    void throwLog(const QString& source, pendix::enThrowLogLevel level, const QString& text) override;
+    /// Gives the keys handlers that tell the referee where the operator's finger is.
+    void createPhyButtonList(const QString& plugin, const QString& name, const QList<pendix::PhysicalButton>& first,
+                             const QList<pendix::PhysicalButton>& second, const QStringList& selector) override;
 
     /// Takes note of the widgets that are shown, whose show commands some pages may send.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct ActionState {
-        std::optional<int> toldLevel; ///< what was answered last
-        QSet<const QObject*> shown;   ///< the widgets that were shown in it
-    };
-
-    void judgeLevel(const QString& what);
-    void judge(const QObject* sender, const QString& name, const QJsonValue& argument);
-    bool mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const;
+    void spin();
+    template <typename Question>
+    auto answer(Question question);
+    QList<pendix::PhysicalButton> watched(QList<pendix::PhysicalButton> buttons);
 
     Logbook* m_logbook;
-    QVector<const QObject*> m_waiting;  ///< the pages whose command is under way
-    std::vector<ActionState> m_actions; ///< the first one is what happens outside of any action
+    Referee m_referee;
 };
 
 #endif

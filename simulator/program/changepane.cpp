@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace sim
 {
 
@@ -87,10 +89,16 @@ void ChangePane::showNothing(const QString& why)
 
 void ChangePane::showRow(int row)
 {
-    if (m_isAsking) {
-        m_nextRow = row;
-        return;
+    m_nextRow = row;
+    while (m_nextRow && !m_isAsking) {
+        m_isAsking = true;
+        buildRow(*std::exchange(m_nextRow, std::nullopt));
+        m_isAsking = false;
     }
+}
+
+void ChangePane::buildRow(int row)
+{
     const QString line = m_program->line(row);
     // What was typed into an editor outlives a look at something else.
     if (row == m_row && line == m_line && m_frame->editor() != nullptr) {
@@ -164,9 +172,7 @@ void ChangePane::replace()
         emit lineWritten(m_row, after, m_instruction.name);
     }
     if (m_nextRow) {
-        const int row = *m_nextRow;
-        m_nextRow.reset();
-        showRow(row);
+        showRow(*m_nextRow);
     }
 }
 

@@ -39,6 +39,7 @@ signals:
     void refused(const QString& words);
 
 private:
+    void buildRow(int row);
     void showNothing(const QString& why);
     void showRoundTrip(const RoundTrip& trip);
     void replace();
@@ -54,7 +55,7 @@ private:
     QString m_line; ///< as it is shown
     QHash<QString, QString> m_sheets;
     pendix::RlInstruction m_instruction;
-    bool m_isAsking = false;      ///< the editor is being asked, which may let the event loop run
+    bool m_isAsking = false;      ///< an editor is being built or asked, which may let the event loop run
     std::optional<int> m_nextRow; ///< was selected meanwhile
 };
 

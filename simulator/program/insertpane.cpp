@@ -134,10 +134,17 @@ bool InsertPane::pick(const QString& name)
 
 void InsertPane::showPicked()
 {
-    if (m_isAsking) {
-        m_isOutdated = true;
-        return;
+    m_isOutdated = true;
+    while (m_isOutdated && !m_isAsking) {
+        m_isOutdated = false;
+        m_isAsking = true;
+        buildPicked();
+        m_isAsking = false;
     }
+}
+
+void InsertPane::buildPicked()
+{
     const QTreeWidgetItem* item = m_tree->currentItem();
     m_picked = {};
     if (item != nullptr && item->parent() != nullptr) {
@@ -183,7 +190,6 @@ void InsertPane::insert(Place place)
         }
     }
     if (m_isOutdated) {
-        m_isOutdated = false;
         showPicked();
     }
 }

@@ -47,6 +47,7 @@ protected:
 private:
     void fitWords();
     void showPicked();
+    void buildPicked();
     void setInsertable(bool insertable);
     void insert(Place place);
 

@@ -6,6 +6,8 @@
 #include <QTextDocument>
 #include <QUndoCommand>
 
+#include <utility>
+
 namespace sim
 {
 
@@ -32,7 +34,14 @@ private:
     QStringList m_inserted;
 };
 
-Program::Program(QObject* parent) : QAbstractTableModel(parent), m_recogniser({}) {}
+Program::Program(QObject* parent) : QAbstractTableModel(parent), m_recogniser({})
+{
+    connect(&m_undo, &QUndoStack::indexChanged, this, [this] {
+        if (m_editedRow) {
+            emit edited(*std::exchange(m_editedRow, std::nullopt));
+        }
+    });
+}
 
 void Program::setInstructions(const QList<pendix::RlInstruction>& instructions)
 {
@@ -70,6 +79,7 @@ void Program::removeLine(int row)
 
 void Program::splice(int row, int removed, const QStringList& inserted)
 {
+    m_editedRow = row;
     const int changed = qMin(removed, inserted.size());
     for (int i = 0; i < changed; ++i) {
         m_lines.replace(row + i, inserted.at(i));
@@ -89,7 +99,7 @@ void Program::splice(int row, int removed, const QStringList& inserted)
         }
         endInsertRows();
     }
-    emit edited(qMin(row, m_lines.size() - 1));
+    m_editedRow = qMin(row, m_lines.size() - 1);
 }
 
 int Program::rowCount(const QModelIndex& parent) const

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QUndoStack>
 
+#include <optional>
+
 namespace sim
 {
 
@@ -39,6 +41,9 @@ public:
 
     /// Its clean state is the program as it was loaded or saved.
     QUndoStack* undoStack() { return &m_undo; }
+    /// While the lines and their views change. Nothing that may let the event loop run, such as building an editor, is
+    /// to be done then: the next undo would meet a history in the middle of the last one.
+    bool isBeingEdited() const { return m_editedRow.has_value(); }
     bool isModified() const { return !m_undo.isClean(); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -47,7 +52,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 signals:
-    /// A row that has come or changed, or that follows a removed one.
+    /// A row that has come or changed, or that follows a removed one. The edit is over.
     void edited(int row);
 
 private:
@@ -59,6 +64,7 @@ private:
     Recogniser m_recogniser;
     QStringList m_lines;
     QUndoStack m_undo;
+    std::optional<int> m_editedRow;
 };
 
 } // namespace sim

@@ -222,7 +222,7 @@ void ProgramEditor::showSelected()
 {
     m_delete->setEnabled(selectedRow() >= 0);
     // Editors ask the controller for its lists: only what is looked at is built.
-    if (m_panes->currentWidget() == m_change) {
+    if (m_panes->currentWidget() == m_change && !m_program->isBeingEdited()) {
         m_change->showRow(selectedRow());
     }
 }

@@ -111,7 +111,7 @@ void pressPendantButtons(Documents& documents)
     for (const bool status : {false, true}) {
         FakeHost host;
         host.nodes.insert(names::node::kVirtualWelding.name, status);
-        host.nodes.insert(names::node::kRedLight.name, status);
+        host.nodes.insert(names::node::kRedLightStatus.name, status);
         pendix::Corvane plugin(nullptr);
         plugin.init();
         const QList<pendix::PhysicalButton> buttons = host.firstButtons + host.secondButtons;

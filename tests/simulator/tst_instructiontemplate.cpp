@@ -32,28 +32,13 @@ class TestInstructionTemplate : public QObject
     Q_OBJECT
 
 private slots:
-    void fieldsAreRead();
     void faultNamesTheField_data();
     void faultNamesTheField();
-    void valuesComeBack_data();
-    void valuesComeBack();
     void valuesOfForeignLines_data();
     void valuesOfForeignLines();
     void editorTakesWhatItsFieldsAllow_data();
     void editorTakesWhatItsFieldsAllow();
-    void longLinesTakeNoTime();
 };
-
-void TestInstructionTemplate::fieldsAreRead()
-{
-    QVERIFY(InstructionTemplate::isTemplate(kForward) && !InstructionTemplate::isTemplate(QStringLiteral("LaserOff")));
-    const auto fields = parsed(kForward).fields();
-    QCOMPARE(fields.size(), 2);
-    QCOMPARE(fields.at(1).label, QStringLiteral("Wire feed time [1-10000](ms):"));
-    QCOMPARE(fields.at(1).minimum, 1);
-    QCOMPARE(fields.at(1).maximum, 10000);
-    QCOMPARE(parsed(kMatch).fields().first().items.last(), QStringLiteral("\"Power, 10)\""));
-}
 
 void TestInstructionTemplate::faultNamesTheField_data()
 {
@@ -93,33 +78,6 @@ void TestInstructionTemplate::faultNamesTheField()
     QString told;
     QVERIFY(!InstructionTemplate::parse(QString::fromLatin1(QTest::currentDataTag()), &told));
     QVERIFY2(told.startsWith(fault), qPrintable(told));
-}
-
-void TestInstructionTemplate::valuesComeBack_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("values");
-    QTest::addColumn<QString>("line");
-    const auto row = [](const char* name, const QString& text, const QStringList& values, const char* line) {
-        QTest::newRow(name) << text << values << QString::fromLatin1(line);
-    };
-    row("numbers", kForward, {QStringLiteral("1"), QStringLiteral("10000")}, "LsWireFwd(1, 10000);");
-    row("place holders", kForward, {QStringLiteral("%2"), QStringLiteral("%1")}, "LsWireFwd(%2, %1);");
-    row("separator in quotes", kMatch, {QStringLiteral("\"Power, 10)\"")}, "LsParaMatch(\"Power, 10)\");");
-    row("end in the last value", kPair, {QStringLiteral("\"a,\""), QStringLiteral("d)")}, "Pair( \"a,\" , d) ) ;");
-    row("quotes in the literals", QStringLiteral("On(\"$A:#cmb#x/y#true$\", \"$B:#cmb#x/y#true$\""),
-        {QStringLiteral("y"), QStringLiteral("x")}, "On(\"y\", \"x\"");
-    row("fields only", QStringLiteral("$A:#spn#1,2#true$=$B:#cmb#=/x#true$"),
-        {QStringLiteral("2"), QStringLiteral("=")}, "2==");
-}
-
-void TestInstructionTemplate::valuesComeBack()
-{
-    QFETCH(QString, text);
-    QFETCH(QStringList, values);
-    const InstructionTemplate instruction = parsed(text);
-    QTEST(instruction.line(values), "line");
-    QCOMPARE(instruction.values(instruction.line(values)), values);
 }
 
 void TestInstructionTemplate::valuesOfForeignLines_data()
@@ -185,17 +143,6 @@ void TestInstructionTemplate::editorTakesWhatItsFieldsAllow()
         editor.findChild<QComboBox*>(QStringLiteral("field1"))->setCurrentIndex(2);
         QVERIFY(editor.ToString().contains(QLatin1String("(\"Power, 10)\")")));
     }
-}
-
-void TestInstructionTemplate::longLinesTakeNoTime()
-{
-    const InstructionTemplate instruction = parsed(kPair);
-    QElapsedTimer timer;
-    timer.start();
-    for (const QString& part : {QStringLiteral(" "), QStringLiteral(", "), QStringLiteral(");")}) {
-        QVERIFY(!instruction.values(QLatin1String("Pair(a,") + part.repeated(300000) + QLatin1Char('x')));
-    }
-    QVERIFY(timer.elapsed() < 5000);
 }
 
 QTEST_MAIN(TestInstructionTemplate)

@@ -108,23 +108,17 @@ void TestLayoutCheck::brokenForm_data()
                               bar->addTab(QStringLiteral("Characteristic curve"));
                           }),
         Kind::CutText);
-    row("column title",
-        widgetAt<QTableWidget>(QRect(10, 10, 150, 100),
-                               [](QTableWidget* table) {
-                                   table->setColumnCount(1);
-                                   table->setHorizontalHeaderLabels({QStringLiteral("Command value")});
-                                   table->setColumnWidth(0, 40);
-                               }),
-        Kind::CutText);
-    row("cell",
-        widgetAt<QTableWidget>(QRect(10, 10, 150, 100),
-                               [](QTableWidget* table) {
-                                   table->setRowCount(1);
-                                   table->setColumnCount(1);
-                                   table->setItem(0, 0, new QTableWidgetItem(QStringLiteral("1234567890")));
-                                   table->setColumnWidth(0, 40);
-                               }),
-        Kind::CutText);
+    const auto tableOf = [](const char* title, const char* cell) {
+        return widgetAt<QTableWidget>(QRect(10, 10, 150, 100), [=](QTableWidget* table) {
+            table->setRowCount(1);
+            table->setColumnCount(1);
+            table->setHorizontalHeaderLabels({QString::fromLatin1(title)});
+            table->setItem(0, 0, new QTableWidgetItem(QString::fromLatin1(cell)));
+            table->setColumnWidth(0, 40);
+        });
+    };
+    row("column title", tableOf("Command value", "1"), Kind::CutText);
+    row("cell", tableOf("1", "1234567890"), Kind::CutText);
     row("outside its parent", widgetAt<QPushButton>(QRect(380, 10, 40, 30)), Kind::Outside);
     row("small target", widgetAt<QPushButton>(QRect(10, 10, 40, kLeastTarget - 1)), Kind::SmallTarget);
     row(

@@ -50,8 +50,6 @@ private slots:
     void acceptsOnlyItsOwn();
     void programsAreRead_data();
     void programsAreRead();
-    void programsComeBack_data();
-    void programsComeBack();
     void refusedProgramsLeaveTheFile_data();
     void refusedProgramsLeaveTheFile();
 
@@ -73,30 +71,19 @@ void TestProgram::linesAreTakenApart_data()
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("comment");
     QTest::addColumn<QString>("name");
-    QTest::newRow("empty") << ""
-                           << ""
-                           << "";
-    QTest::newRow("blank") << " \t"
-                           << ""
-                           << "";
-    QTest::newRow("comment only") << ""
-                                  << "  // Off();"
-                                  << "";
-    QTest::newRow("code only") << " LaserOff  "
-                               << ""
-                               << "LaserOff";
-    QTest::newRow("both") << "\tOn (\"a\"); /"
-                          << " \t//b // \"c"
-                          << "On";
-    QTest::newRow("quoted slashes") << "On(\"http://a\");"
-                                    << "// \""
-                                    << "On";
-    QTest::newRow("open quote") << "On(\"a // b"
-                                << ""
-                                << "On";
-    QTest::newRow("between quotes") << "On(\"a\""
-                                    << "//\"b\""
-                                    << "On";
+    const char* const rows[][4] = {
+        {"empty", "", "", ""},
+        {"blank", " \t", "", ""},
+        {"comment only", "", "  // Off();", ""},
+        {"code only", " LaserOff  ", "", "LaserOff"},
+        {"both", "\tOn (\"a\"); /", " \t//b // \"c", "On"},
+        {"quoted slashes", "On(\"http://a\");", "// \"", "On"},
+        {"open quote", "On(\"a // b", "", "On"},
+        {"between quotes", "On(\"a\"", "//\"b\"", "On"},
+    };
+    for (const auto& [title, code, comment, name] : rows) {
+        QTest::newRow(title) << code << comment << name;
+    }
 }
 
 void TestProgram::linesAreTakenApart()
@@ -201,26 +188,6 @@ void TestProgram::programsAreRead()
         text += line + QLatin1Char('|');
     }
     QCOMPARE(text, expected);
-}
-
-void TestProgram::programsComeBack_data()
-{
-    QTest::addColumn<QStringList>("lines");
-    QTest::newRow("no lines") << QStringList();
-    QTest::newRow("an empty line") << QStringList(QString(""));
-    QTest::newRow("empty last lines") << QStringList({QStringLiteral("a"), QString(""), QString("")});
-    QTest::newRow("texts") << QStringList({QString::fromUtf8(" 焊接(\"%1\");\t"), QStringLiteral("//")});
-    QTest::newRow("byte order mark") << QStringList({QString(QChar(0xFEFF)), QString(QChar(0xFEFF))});
-}
-
-void TestProgram::programsComeBack()
-{
-    QFETCH(QStringList, lines);
-    QCOMPARE(saveProgram(path(), lines), QString());
-    FileFault fault;
-    const std::optional<QStringList> loaded = loadProgram(path(), &fault);
-    QVERIFY2(loaded, qPrintable(fault.message()));
-    QCOMPARE(*loaded, lines);
 }
 
 void TestProgram::refusedProgramsLeaveTheFile_data()

@@ -24,7 +24,6 @@ private slots:
     void defaultLines();
     void producibleLines_data();
     void producibleLines();
-    void levelDecidesAboutMotions();
 
 private:
     int below(int bound) { return static_cast<int>(m_random() % static_cast<unsigned>(bound)); }
@@ -142,31 +141,6 @@ void TestRoundTrips::producibleLines()
     }
     // Otherwise the loop would have proved nothing.
     QVERIFY(lines.size() >= (name.endsWith("Off") ? 1 : 10));
-}
-
-void TestRoundTrips::levelDecidesAboutMotions()
-{
-    const Recogniser recogniser(m_instructions);
-    for (const char* name : {"LsMoveL", "LsMoveC", "LsMoveCF"}) {
-        const pendix::RlInstruction& each = instruction(name);
-        for (const int level : {2, 3}) {
-            m_controller->setOperatorLevel(level);
-            const int points = m_controller->points().size();
-            QString fault;
-            const auto insert = createEditor(each, EditorRole::Insert, &fault);
-            const auto change = createEditor(each, EditorRole::Change, &fault);
-            const QString line = writeLine(insert.get(), EditorRole::Insert, each, recogniser, level).text;
-            QCOMPARE(line.isEmpty(), level == 2);
-            QCOMPARE(m_controller->points().size() > points, level == 3);
-            const int kept = m_controller->points().size();
-            QCOMPARE(writeLine(change.get(), EditorRole::Change, each, recogniser, level).text.isEmpty(), level == 2);
-            // Whoever asks for the text without the check gets it, but nothing is stored.
-            if (level == 2) {
-                QVERIFY(insert->ToString().startsWith(name));
-            }
-            QCOMPARE(m_controller->points().size(), kept);
-        }
-    }
 }
 
 QTEST_MAIN(TestRoundTrips)

@@ -3,10 +3,6 @@
 #include "simulator/program/programeditor.h"
 #include "simulator/stylerules.h"
 
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLabel>
 #include <QtTest>
 
@@ -42,62 +38,12 @@ class TestStyleRules : public QObject
     Q_OBJECT
 
 private slots:
-    void shippedRulesAreComplete();
     void shippedRulesSuitTheTheme();
     void faultsAreNamed_data();
     void faultsAreNamed();
     void fontsFollowTheDensity();
     void pageAndEditorStandInTheSheet();
 };
-
-void TestStyleRules::shippedRulesAreComplete()
-{
-    QFile file(QStringLiteral(":/Corvane/render/sub_page.json"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QJsonArray rules = QJsonDocument::fromJson(file.readAll()).array();
-    QCOMPARE(rules.size(), 78);
-    // One selector of each group; every group stands behind the one before.
-    const QStringList groups{":focus",
-                             "QWidget",
-                             "QLabel[type=\"title\"]",
-                             "QLabel[func=\"lampOn\"]",
-                             "QLabel[func=\"subtitle\"]",
-                             "QCheckBox::indicator",
-                             "QRadioButton::indicator",
-                             "QGroupBox",
-                             "QToolButton, QPushButton",
-                             "QPushButton[func=\"operation\"]",
-                             "QPushButton[func=\"touch\"]",
-                             "QPushButton[func=\"humble\"]",
-                             "QPushButton[func=\"secretly\"]",
-                             "QPushButton[func=\"rlBtn\"]",
-                             "QPushButton[func=\"rlMove\"]",
-                             "QLineEdit, QSpinBox, QDoubleSpinBox",
-                             "QComboBox",
-                             "QComboBox QAbstractItemView",
-                             "QScrollBar:vertical",
-                             "QSlider",
-                             "QTableView, QTreeView",
-                             "QHeaderView",
-                             "EnableButton",
-                             "QTabWidget::pane",
-                             "QTabBar::tab",
-                             "QTabWidget[func=\"rlTabWgt\"]"};
-    int group = 0;
-    for (const QJsonValue& rule : rules) {
-        const QString name = rule.toObject().value(QLatin1String("name")).toString();
-        if (group < groups.size() && name.contains(groups.at(group))) {
-            ++group;
-        }
-    }
-    QVERIFY2(group == groups.size(), qPrintable(groups.value(group)));
-    QVERIFY(rules.contains(QJsonObject{{"name", "QWidget"}, {"font", "$font$default"}}));
-    QVERIFY(rules.contains(QJsonObject{{"name", "EnableButton"},
-                                       {"min-width", "50px"},
-                                       {"max-width", "50px"},
-                                       {"min-height", "24px"},
-                                       {"max-height", "24px"}}));
-}
 
 void TestStyleRules::shippedRulesSuitTheTheme()
 {

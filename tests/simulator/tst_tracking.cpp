@@ -76,8 +76,6 @@ void TestTracking::answers()
     QCOMPARE(GetPluginNoUniqueWidget(asked, widget), code);
     const std::unique_ptr<QWidget> owned(widget);
     QCOMPARE(widget != nullptr, code == 0);
-    QVERIFY(m_journal->at(0).text.contains(QStringLiteral("%1: ").arg(asked)));
-    QVERIFY(m_journal->at(0).text.contains(QStringLiteral("(%1)").arg(code)));
     QCOMPARE(m_journal->size(), notice.isEmpty() ? 1 : 2);
     QVERIFY(notice.isEmpty() || m_journal->at(1).text.contains(notice));
 }

@@ -1,0 +1,86 @@
+#ifndef CHECKS_MONKEY_REFEREE_H
+#define CHECKS_MONKEY_REFEREE_H
+
+#include "checks/monkey/logbook.h"
+#include "checks/monkey/sourcetexts.h"
+
+#include <QJsonValue>
+#include <QMap>
+#include <QSet>
+#include <QVector>
+
+#include <optional>
+#include <vector>
+
+/// Judges what the plug-ins do by what the host was asked and told. Complains to the logbook.
+///
+/// - A command may leave only when the last question to the host was that for the operator's level and the answer a
+///   level that may change things: any other host call may have spun the event loop, in which somebody logged out.
+///   Before "set_weld_enable" the question for the robot's power, answered "off", comes directly before that one.
+/// - The settings that leave obey the rule between their times. Those that follow an enabling command are what the form
+///   held, and was judged by, when that command left.
+/// - The wire is started only with a finger on the key. When the finger has gone, the stop follows, unless the operator
+///   was refused it for want of a level and told so.
+/// - A page sends no command while one of its own is under way.
+/// - A stored point has a name, replaces none, and the level that was told last in the same action allows it.
+/// - The operator is told only texts of the plug-in's own translation file, and each at one level.
+class Referee
+{
+public:
+    explicit Referee(Logbook* logbook);
+    /// The day's end: no wire may be left running.
+    ~Referee();
+    Q_DISABLE_COPY(Referee)
+
+    /// Actions of the operator nest where event loops do; what is asked in one says nothing about the others.
+    void beginAction() { m_actions.emplace_back(); }
+    void endAction() { m_actions.pop_back(); }
+    int depth() const { return static_cast<int>(m_actions.size()) - 1; }
+
+    void shown(const QObject* widget) { m_actions.back().shown.insert(widget); }
+    void levelAnswered(int level);
+    void powerAnswered(bool powered) { m_actions.back().asked = {!powered, {}}; }
+    /// Any other call that may have spun the event loop.
+    void otherCall() { m_actions.back().asked = {}; }
+
+    void commandLeaves(const QObject* sender, const QString& name, const QJsonValue& argument);
+    /// Around a command on the line.
+    void beginWaiting(const QObject* sender);
+    void endWaiting() { m_waiting.removeLast(); }
+    void pointLeaves(const QString& name, bool overwrite);
+    void told(const QString& source, int level, const QString& text);
+
+    /// A key beside the screen; the number is for keyTold. Its handler is called between keyTold and keyDone.
+    int addKey();
+    void keyTold(int key, bool down);
+    void keyDone();
+
+private:
+    /// The last questions to the host, one directly behind the other.
+    struct Asked {
+        bool unpowered = false;   ///< power, answered "off"
+        std::optional<int> level; ///< then, or alone, the level
+    };
+    struct ActionState {
+        Asked asked;
+        std::optional<int> toldLevel; ///< whatever was asked since
+        QSet<const QObject*> shown;
+        QMap<QString, int> enabledWith; ///< what the page's fields held when the enabling command left
+    };
+
+    bool mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const;
+    void judgeLevel(const QString& what, std::optional<int> level);
+    void judgeSettings(const QJsonObject& settings);
+    void judgeWire(const QString& name, bool start);
+
+    Logbook* m_logbook;
+    std::vector<ActionState> m_actions; ///< the first one is what happens outside of any action
+    QVector<const QObject*> m_waiting;  ///< the pages whose command is under way
+    QVector<bool> m_fingers;            ///< by key: whether it is down
+    QVector<int> m_calledKeys;          ///< whose handlers are under way, the innermost last
+    QMap<QString, int> m_running;       ///< the wire by its command, and the key that started it
+    SourceTexts m_texts;
+    QMap<QString, int> m_levelOfText;
+};
+
+#endif
