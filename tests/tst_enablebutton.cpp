@@ -152,7 +152,8 @@ void TestEnableButton::hasTheSizeOfItsRule()
     QFile file(QStringLiteral(":/Corvane/render/sub_page.json"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QJsonObject found;
-    for (const QJsonValue& rule : QJsonDocument::fromJson(file.readAll()).array()) {
+    const QJsonArray rules = QJsonDocument::fromJson(file.readAll()).array();
+    for (const QJsonValue& rule : rules) {
         if (rule["name"] == "EnableButton") {
             found = rule.toObject();
         }

@@ -2,6 +2,7 @@
 #include "widgets/uiscale_popup.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -93,6 +94,7 @@ void TestListComboBox::readsNoEntriesUntilOpened()
     ListComboBox few(&page);
     few.addItem("Bus");
     few.setFont(shown.font());
+    UiScale::configureComboBoxPopup(&few, 5);
     QVERIFY2(few.findChildren<QAbstractItemView*>().isEmpty(), "a font is no reason to make the list");
     QVERIFY(shown.sizeHint().height() > before.height()); // the font took effect
     shown.setMinimumContentsLength(30);
@@ -113,8 +115,9 @@ void TestListComboBox::opensItsList()
     for (QComboBox* each : {static_cast<QComboBox*>(&combo), &plain}) {
         each->setStyleSheet(QStringLiteral("QComboBox{combobox-popup:0;}"));
         each->show();
-        each->setFont(QFont(each->font().family(), 20));
+        UiScale::configureComboBoxPopup(each, 5);
     }
+    QApplication::setFont(QFont(combo.font().family(), 20), "QComboBox");
     QSignalSpy highlighted(&combo, QOverload<int>::of(&QComboBox::highlighted));
     combo.showPopup();
     QVERIFY(combo.view()->isVisible());
@@ -130,6 +133,13 @@ void TestListComboBox::opensItsList()
     combo.setNames(QStringList{"DI8"});
     combo.showPopup();
     QCOMPARE(combo.view()->model(), combo.model());
+    // A font that comes when the list is closed again counts when it opens.
+    const auto rowHeight = [&combo] { return combo.view()->visualRect(combo.view()->currentIndex()).height(); };
+    const int height = rowHeight();
+    combo.hidePopup();
+    combo.setFont(QFont(combo.font().family(), 40));
+    combo.showPopup();
+    QVERIFY(rowHeight() > height);
 }
 
 QTEST_MAIN(TestListComboBox)

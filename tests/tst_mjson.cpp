@@ -43,7 +43,8 @@ void TestMJson::naturalOrder()
         {"DO9", "do1"},                   // upper case first
         {"R_a2", "R_b1"},                 // what is neither letter nor digit only separates
         {QString::fromUtf8("焊1"), QString::fromUtf8("a焊"), "b"},
-        {"", "_", "a"}, // equal names keep their order
+        {"", "_", "a"},     // equal names keep their order,
+        {"a00", "a0", "b"}, // and equal numbers make equal names
     };
     for (const QStringList& sorted : lists) {
         QStringList turned = sorted;

@@ -84,9 +84,9 @@ void ListComboBox::keyPressEvent(QKeyEvent* event)
 
 void ListComboBox::changeEvent(QEvent* event)
 {
-    // A combo box answers a new font by making its popup list and laying out every entry; that can wait.
+    // A combo box answers a new font by making its popup list and laying out every entry. The list inherits the font
+    // anyhow, and lays itself out when it is shown.
     if (event->type() == QEvent::FontChange) {
-        m_listFontOutdated = true;
         updateGeometry();
         update();
     } else {
@@ -102,10 +102,5 @@ void ListComboBox::prepareList()
         setListModel(model());
         connect(view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 [this](const QModelIndex& current) { emit highlighted(current.row()); });
-    }
-    if (m_listFontOutdated) {
-        m_listFontOutdated = false;
-        QEvent fontChange(QEvent::FontChange);
-        QComboBox::changeEvent(&fontChange);
     }
 }

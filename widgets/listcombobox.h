@@ -36,7 +36,6 @@ private:
     void prepareList();
 
     QSharedPointer<NameListModel> m_names;
-    bool m_listFontOutdated = false;
 };
 
 #endif
