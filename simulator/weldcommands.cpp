@@ -52,31 +52,35 @@ CommandOutcome replaceMembers(const CommandRow& row, WeldData& data, const QJson
 
 /// The nodes of a curve, whose argument has two members: their number and the nodes themselves. Nothing, and why, when
 /// these two disagree, which a schema can't say.
-std::optional<QJsonArray> curveNodes(const QJsonObject& curve, QString* reason)
+std::optional<QJsonArray> curveNodes(const QJsonValue& curve, QString* reason)
 {
-    const bool countFirst = curve.constBegin().value().isDouble();
-    const auto count = countFirst ? curve.constBegin() : curve.constBegin() + 1;
-    const auto nodes = countFirst ? curve.constBegin() + 1 : curve.constBegin();
-    if (nodes.value().toArray().size() != count.value().toInt()) {
-        *reason = words("%1: expected %2, as many as there are in %3")
-                      .arg(count.key(), QString::number(nodes.value().toArray().size()), nodes.key());
+    int count = 0;
+    QJsonArray nodes;
+    for (const QJsonValue member : curve.toObject()) {
+        if (member.isArray()) {
+            nodes = member.toArray();
+        } else {
+            count = member.toInt();
+        }
+    }
+    if (nodes.size() != count) {
+        *reason = words("the number of nodes is %1, and there are %2").arg(count).arg(nodes.size());
         return std::nullopt;
     }
-    return nodes.value().toArray();
+    return nodes;
 }
 
 CommandOutcome replaceCurve(const CommandRow& row, WeldData& data, const QJsonValue& argument)
 {
     QString reason;
-    return curveNodes(argument.toObject(), &reason) ? replaceMembers(row, data, argument)
-                                                    : refused(kBadArgument, reason);
+    return curveNodes(argument, &reason) ? replaceMembers(row, data, argument) : refused(kBadArgument, reason);
 }
 
 /// The line with the least squares of the distances in the physical value.
 CommandOutcome computeCurve(const CommandRow& /*row*/, WeldData& /*data*/, const QJsonValue& argument)
 {
     QString reason;
-    const auto nodes = curveNodes(argument.toObject(), &reason);
+    const auto nodes = curveNodes(argument, &reason);
     if (!nodes) {
         return refused(kBadArgument, reason);
     }
