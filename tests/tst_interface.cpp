@@ -313,6 +313,7 @@ void TestInterface::answers_data()
     QTest::newRow(R"([{"Corvane":{"set_weld_manual_gas":{"return":2147483648}}}])") << false;
     QTest::newRow(R"([{"Corvane":{"set_virtual_welding":{"return":"done"}}}])") << false;
     QTest::newRow(R"([{"Corvane":{"compute_curve_config":{"return":0,"slope":2}}}])") << false;
+    QTest::newRow(R"([{"Corvane":{"compute_curve_config":{"return":0,"intercept":2}}}])") << false;
 }
 
 void TestInterface::answers()
