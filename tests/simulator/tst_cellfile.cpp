@@ -117,6 +117,9 @@ void TestCellFile::faultNamesFileAndMember()
         // What a schema says, once for each kind of rule and words.
         {"\"rd\"", "\"\"", "registers[13].rw: expected one of \"r\", \"rd\","},
         {"\"prefix\": \"GI\", \"first\": 1, ", "\"prefix\": \"GI\", ", "io.GI.first: missing"},
+        {"\"prefix\": \"GI\", \"first\": 1, \"count\": 16", "\"prefix\": \"GI\", \"first\": 1, \"count\": 0",
+         "io.GI.count: expected a whole number from 1 to 10000"},
+        {"\"red_light_type\": 0", "\"red_light_type\": 1", "nodes.weld_io_config.red_light_type: expected one of 0, 2"},
         {"\"current_tool\"", "\"curent_tool\"", "curent_tool: unknown member"},
         {"\"weld_param_match\"", "\"a\\u0001b\\n\"", "nodes[\"a\\u0001b\\u000a\"]: unknown member"},
         {"[24, 1700, 1400, 80]", "[24, 1700, null, 80]",
@@ -205,9 +208,9 @@ void TestCellFile::stateKeepsPoints()
     const auto withoutPoints = loadState(write(QStringLiteral("nodesonly.json"), nodes + '}'), &m_fault);
     QVERIFY(withoutPoints && !withoutPoints->points);
     const QByteArray bad = ",\n\"points\": [\n{\"name\": \"A\", \"position\": [1, 2, 3, 4, 5, 6],\n"
-                           "\"tool\": \"\", \"wobj\": \"w\"}]}";
+                           "\"tool\": \" t\", \"wobj\": \"w\"}]}";
     QVERIFY(!loadState(write(QStringLiteral("bad.json"), nodes + bad), &m_fault));
-    QVERIFY2(m_fault.message().contains(QLatin1String("bad.json: points[0].tool: expected a text that is not empty")),
+    QVERIFY2(m_fault.message().contains(QLatin1String("bad.json: points[0].tool: expected a name")),
              qPrintable(m_fault.message()));
 }
 

@@ -114,6 +114,7 @@ void TestSimulatedController::keepsTheOtherSets()
     QVERIFY(!expected.contains("LsData7"));
     expected.insert("LsData7", set);
     QCOMPARE(code("set_weld_param_list_config", QJsonObject{{"LsData7", set}}), 0);
+    QCOMPARE(code("set_weld_param_list_config", QJsonObject{{"LsData8", set}}), 1);
     QCOMPARE(m_controller->nodes().value(node::kParameters).toObject(), expected);
 }
 
