@@ -121,7 +121,10 @@ QString typeWords(const QString& type, const QJsonObject& rules)
     if (type == QLatin1String("string")) {
         return rules.contains(QLatin1String("minLength")) ? tr("a text that is not empty") : tr("a text");
     }
-    return type == QLatin1String("boolean") ? tr("true or false") : tr("an object");
+    if (type == QLatin1String("boolean")) {
+        return tr("true or false");
+    }
+    return type == QLatin1String("object") ? tr("an object") : type;
 }
 
 /// What a value must be to follow its rules.

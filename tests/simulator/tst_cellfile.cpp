@@ -219,6 +219,7 @@ void TestCellFile::stateIsReplacedAsAWhole()
     const QString path = m_folder.filePath(QStringLiteral("state.json"));
     const QString oldFile = m_folder.filePath(QStringLiteral("old.json"));
     QVERIFY(!loadState(write(QStringLiteral("bad.json"), "{\"nodes\": { \"weld_io_config\": 4 } }"), &m_fault));
+    QVERIFY(m_fault.message().endsWith("bad.json: nodes.weld_io_config: expected an object or null"));
     const auto nodesIn = [this](const QString& file) { return loadState(file, &m_fault)->nodes; };
     QVERIFY(!nodesIn(path));
     const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
