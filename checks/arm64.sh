@@ -6,7 +6,7 @@ if ! dpkg --print-foreign-architectures | grep -qx arm64; then
     as_root dpkg --add-architecture arm64
 fi
 need crossbuild-essential-arm64 qemu-user-static imagemagick \
-    qtbase5-dev:arm64 qtbase5-private-dev:arm64 libjsoncpp-dev:arm64
+    qtbase5-dev:arm64 qtbase5-private-dev:arm64
 
 # tour PRESET [EMULATOR]: writes the pictures of that build's tour to build/PRESET/tour.
 tour() {

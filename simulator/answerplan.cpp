@@ -39,9 +39,10 @@ const KindRow& rowOf(AnswerKind kind)
     return kKinds[0];
 }
 
-QJsonObject element(const QString& plugin, const QString& command, const QJsonValue& code)
+QJsonObject element(const QString& plugin, const QString& command, const QJsonValue& code, QJsonObject answer = {})
 {
-    return {{plugin, QJsonObject{{command, QJsonObject{{QStringLiteral("return"), code}}}}}};
+    answer.insert(QStringLiteral("return"), code);
+    return {{plugin, QJsonObject{{command, answer}}}};
 }
 
 QJsonArray malformed(const QString& plugin, const QString& command)
@@ -71,7 +72,8 @@ bool controllerActs(AnswerKind kind)
     return rowOf(kind).acts;
 }
 
-QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode)
+QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode,
+                       const QJsonObject& details)
 {
     switch (kind) {
     case AnswerKind::NumberZero:
@@ -87,13 +89,13 @@ QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& co
     case AnswerKind::Empty:
         return {};
     case AnswerKind::OtherFirst:
-        return {element(plugin, QStringLiteral("get_weld_status"), 1), element(plugin, command, properCode)};
+        return {element(plugin, QStringLiteral("get_weld_status"), 1), element(plugin, command, properCode, details)};
     case AnswerKind::Malformed:
         return malformed(plugin, command);
     case AnswerKind::Proper:
         break;
     }
-    return {element(plugin, command, properCode)};
+    return {element(plugin, command, properCode, details)};
 }
 
 } // namespace sim

@@ -2,6 +2,7 @@
 #define SIMULATOR_ANSWERPLAN_H
 
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QJsonValue>
 #include <QList>
 #include <QString>
@@ -36,8 +37,10 @@ QString answerLabel(AnswerKind kind);
 /// nonsense comes from one that did not: nothing is stored.
 bool controllerActs(AnswerKind kind);
 
-/// The elements of the result array for one command; properCode is what the command itself returned.
-QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode);
+/// The elements of the result array for one command; properCode is what the command itself returned, details what it
+/// says beside that.
+QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode,
+                       const QJsonObject& details);
 
 } // namespace sim
 

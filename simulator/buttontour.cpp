@@ -1,6 +1,6 @@
 #include "simulator/buttontour.h"
 
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 #include "simulator/userinput.h"
 
 #include <QDialog>

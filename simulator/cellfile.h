@@ -1,7 +1,7 @@
 #ifndef SIMULATOR_CELLFILE_H
 #define SIMULATOR_CELLFILE_H
 
-#include "simulator/jsonfile.h"
+#include "simulator/filefault.h"
 #include "simulator/robotpoint.h"
 
 #include <QJsonArray>
@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QStringList>
 #include <QVector>
+
+#include <optional>
 
 namespace sim
 {
@@ -35,8 +37,8 @@ struct Cell {
     QString currentWobj;
 };
 
-/// Reads and checks a cell file. Anything missing, unknown, mistyped, out of range or named twice yields
-/// nothing and fills fault with the first thing that is wrong.
+/// Reads a cell file. One that does not follow cell.schema.json and the schemas of the nodes, names something twice or
+/// names a tool or work object that it does not have yields nothing and fills fault with the first thing that is wrong.
 std::optional<Cell> loadCell(const QString& path, FileFault* fault);
 
 } // namespace sim

@@ -1,7 +1,7 @@
 #include "simulator/controllerpanel.h"
 
+#include "simulator/confignodes.h"
 #include "simulator/livepicture.h"
-#include "simulator/nodeschema.h"
 
 #include <QCheckBox>
 #include <QComboBox>

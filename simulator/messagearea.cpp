@@ -3,6 +3,7 @@
 #include "simulator/clock.h"
 #include "simulator/simhost.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTextDocument>

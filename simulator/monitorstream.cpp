@@ -1,6 +1,6 @@
 #include "simulator/monitorstream.h"
 
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 
 #include <cmath>
 #include <limits>

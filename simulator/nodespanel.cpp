@@ -1,8 +1,8 @@
 #include "simulator/nodespanel.h"
 
+#include "simulator/confignodes.h"
 #include "simulator/journal.h"
-#include "simulator/nodeschema.h"
-#include "simulator/pointschema.h"
+#include "simulator/pointlist.h"
 
 #include <QComboBox>
 #include <QFontDatabase>

@@ -2,6 +2,7 @@
 
 #include "pendixhost/nouniquewidgetregistry.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTranslator>

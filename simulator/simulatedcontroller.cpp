@@ -1,8 +1,8 @@
 #include "simulator/simulatedcontroller.h"
 
-#include "simulator/jsoncheck.h"
+#include "simulator/confignodes.h"
 #include "simulator/monitorstream.h"
-#include "simulator/nodeschema.h"
+#include "simulator/namecheck.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -84,7 +84,7 @@ QString SimulatedController::obstacleTo(const QString& name, bool overwrite, con
         return tr("no connection to the controller");
     }
     // What a file could not give back is not taken in.
-    if (!JsonCheck::isName(name)) {
+    if (!isName(name)) {
         return tr("\"%1\" is no name (not empty, no blanks around it, no control characters)").arg(name);
     }
     const bool isThere = placeOf(name) < m_points.size();
@@ -181,13 +181,13 @@ void SimulatedController::carryOut(const CommandRow& row, AnswerKind kind, const
     } else {
         execution->remarks.append(tr("%1 not executed; the answer was forced: %2").arg(name, answerLabel(kind)));
     }
-    for (const QJsonValue element : shapeAnswer(kind, plugin, name, outcome.code)) {
+    for (const QJsonValue element : shapeAnswer(kind, plugin, name, outcome.code, outcome.details)) {
         execution->answer.append(element);
     }
     if (outcome.done) {
         emit dataChanged();
     }
-    if (outcome.done && row.storesNodes) {
+    if (outcome.done && row.node != nullptr) {
         emit nodesStored();
     }
     if (monitored != monitoring()) {

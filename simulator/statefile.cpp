@@ -1,8 +1,8 @@
 #include "simulator/statefile.h"
 
-#include "simulator/jsoncheck.h"
-#include "simulator/nodeschema.h"
-#include "simulator/pointschema.h"
+#include "simulator/confignodes.h"
+#include "simulator/jsonfile.h"
+#include "simulator/pointlist.h"
 #include "simulator/wholefile.h"
 
 #include <QFileInfo>
@@ -15,6 +15,18 @@ namespace
 {
 constexpr char kNodes[] = "nodes";
 constexpr char kPoints[] = "points";
+
+/// The schema of the cell has that of a state among its definitions, with which it shares nodes and points.
+const SchemaValidator& schema()
+{
+    static const SchemaValidator validator([] {
+        QJsonObject schema = SchemaValidator::of(QStringLiteral("cell")).schema();
+        schema.insert(QStringLiteral("$ref"), QStringLiteral("#/definitions/state"));
+        return schema;
+    }());
+    return validator;
+}
+
 } // namespace
 
 std::optional<State> loadState(const QString& path, FileFault* fault)
@@ -23,22 +35,26 @@ std::optional<State> loadState(const QString& path, FileFault* fault)
     if (!QFileInfo::exists(path)) {
         return State();
     }
-    const std::optional<JsonFile> file = JsonFile::read(path, fault);
-    if (!file) {
+    const std::optional<QJsonObject> root = readJsonFile(path, fault);
+    if (!root) {
         return std::nullopt;
     }
-    const QString nodes = QLatin1String(kNodes);
-    const QString points = QLatin1String(kPoints);
-    const JsonPath top;
-    JsonCheck check;
-    check.members(file->root(), top, {nodes}, {points});
-    State state;
-    state.nodes = checkNodes(check, file->root().value(nodes), top / nodes);
-    if (file->root().contains(points)) {
-        state.points = readPoints(check, file->root().value(points), top / points);
+    std::optional<SchemaFault> found = schema().fault(*root);
+    if (!found) {
+        found = nodesFault(*root);
     }
-    if (check.fault()) {
-        *fault = file->faultAt(check.fault()->path, check.fault()->text);
+    State state;
+    if (!found) {
+        const QString points = QLatin1String(kPoints);
+        NameCheck check;
+        state.nodes = root->value(QLatin1String(kNodes)).toObject();
+        if (root->contains(points)) {
+            state.points = readPoints(check, root->value(points), JsonPath() / points);
+        }
+        found = check.fault();
+    }
+    if (found) {
+        *fault = {path, 0, found->path.toString(), found->text};
         return std::nullopt;
     }
     return state;

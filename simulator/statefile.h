@@ -1,11 +1,13 @@
 #ifndef SIMULATOR_STATEFILE_H
 #define SIMULATOR_STATEFILE_H
 
-#include "simulator/jsonfile.h"
+#include "simulator/filefault.h"
 #include "simulator/robotpoint.h"
 
 #include <QJsonObject>
 #include <QVector>
+
+#include <optional>
 
 namespace sim
 {

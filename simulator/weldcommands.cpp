@@ -1,8 +1,9 @@
 #include "simulator/weldcommands.h"
 
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
 
 #include <optional>
 
@@ -21,57 +22,114 @@ QString words(const char* text)
     return QCoreApplication::translate("sim::WeldCommands", text);
 }
 
-CommandOutcome setWeldSetting(WeldData& data, const QJsonValue& argument)
+CommandOutcome done()
 {
-    JsonCheck check;
-    checkNode(check, QLatin1String(node::kSetting), argument, JsonPath());
-    if (const auto& fault = check.fault()) {
-        return {kBadArgument, false, (fault->path.toString() + QLatin1Char(' ') + fault->text).trimmed()};
+    return {kDone, true, {}, {}};
+}
+
+CommandOutcome refused(int code, const QString& reason)
+{
+    return {code, false, reason, {}};
+}
+
+CommandOutcome replaceNode(const CommandRow& row, WeldData& data, const QJsonValue& argument)
+{
+    data.nodes.insert(QLatin1String(row.node), argument);
+    return done();
+}
+
+/// A set, a table or a curve of a node that has several: the others stay.
+CommandOutcome replaceMembers(const CommandRow& row, WeldData& data, const QJsonValue& argument)
+{
+    QJsonObject node = data.nodes.value(QLatin1String(row.node)).toObject();
+    const QJsonObject members = argument.toObject();
+    for (auto member = members.constBegin(); member != members.constEnd(); ++member) {
+        node.insert(member.key(), member.value());
     }
-    data.nodes.insert(QLatin1String(node::kSetting), argument);
-    return {kDone, true, {}};
+    data.nodes.insert(QLatin1String(row.node), node);
+    return done();
+}
+
+/// The nodes of a curve, whose argument has two members: their number and the nodes themselves. Nothing, and why, when
+/// these two disagree, which a schema can't say.
+std::optional<QJsonArray> curveNodes(const QJsonValue& curve, QString* reason)
+{
+    int count = 0;
+    QJsonArray nodes;
+    for (const QJsonValue member : curve.toObject()) {
+        if (member.isArray()) {
+            nodes = member.toArray();
+        } else {
+            count = member.toInt();
+        }
+    }
+    if (nodes.size() != count) {
+        *reason = words("the number of nodes is %1, and there are %2").arg(count).arg(nodes.size());
+        return std::nullopt;
+    }
+    return nodes;
+}
+
+CommandOutcome replaceCurve(const CommandRow& row, WeldData& data, const QJsonValue& argument)
+{
+    QString reason;
+    return curveNodes(argument, &reason) ? replaceMembers(row, data, argument) : refused(kBadArgument, reason);
+}
+
+/// The line with the least squares of the distances in the physical value.
+CommandOutcome computeCurve(const CommandRow& /*row*/, WeldData& /*data*/, const QJsonValue& argument)
+{
+    QString reason;
+    const auto nodes = curveNodes(argument, &reason);
+    if (!nodes) {
+        return refused(kBadArgument, reason);
+    }
+    double meanPort = 0;
+    double meanValue = 0;
+    for (const QJsonValue node : *nodes) {
+        meanPort += node[0].toDouble() / nodes->size();
+        meanValue += node[1].toDouble() / nodes->size();
+    }
+    double spread = 0;
+    double common = 0;
+    for (const QJsonValue node : *nodes) {
+        const double port = node[0].toDouble() - meanPort;
+        spread += port * port;
+        common += port * (node[1].toDouble() - meanValue);
+    }
+    if (spread <= 0) {
+        return refused(kBadArgument, words("all nodes have the same port value"));
+    }
+    const double slope = common / spread;
+    CommandOutcome outcome = done();
+    outcome.details = {{QStringLiteral("slope"), slope}, {QStringLiteral("intercept"), meanValue - slope * meanPort}};
+    return outcome;
 }
 
 /// The one command whose code is a boolean with the sense "did it".
-CommandOutcome setWeldEnable(WeldData& data, const QJsonValue& argument)
+CommandOutcome setWeldEnable(const CommandRow& row, WeldData& data, const QJsonValue& argument)
 {
-    const bool on = argument == QJsonValue(QStringLiteral("TRUE"));
-    if (!on && argument != QJsonValue(QStringLiteral("FALSE"))) {
-        return {false, false, words("expected the text \"TRUE\" or \"FALSE\"")};
-    }
-    data.weldEnabled = on;
+    data.weldEnabled = argument == QJsonValue(QStringLiteral("TRUE"));
     // The pendant derives its main switch from the setting node, so the node follows.
-    const QJsonValue setting = data.nodes.value(QLatin1String(node::kSetting));
+    const QJsonValue setting = data.nodes.value(QLatin1String(row.node));
     if (setting.isObject()) {
         QJsonObject members = setting.toObject();
-        members.insert(QLatin1String(node::kMainEnable), on);
-        data.nodes.insert(QLatin1String(node::kSetting), members);
+        members.insert(QLatin1String(node::kMainEnable), data.weldEnabled);
+        data.nodes.insert(QLatin1String(row.node), members);
     }
-    return {true, true, {}};
+    return {true, true, {}, {}};
 }
 
-CommandOutcome notABoolean()
+CommandOutcome setVirtualWelding(const CommandRow& /*row*/, WeldData& data, const QJsonValue& argument)
 {
-    return {kBadArgument, false, words("expected true or false")};
+    data.values.insert(QLatin1String(node::kVirtualWelding), argument);
+    return done();
 }
 
-CommandOutcome setValue(WeldData& data, const char* value, const QJsonValue& argument)
+CommandOutcome setRedLight(const CommandRow& /*row*/, WeldData& data, const QJsonValue& argument)
 {
-    if (!argument.isBool()) {
-        return notABoolean();
-    }
-    data.values.insert(QLatin1String(value), argument);
-    return {kDone, true, {}};
-}
-
-CommandOutcome setVirtualWelding(WeldData& data, const QJsonValue& argument)
-{
-    return setValue(data, node::kVirtualWelding, argument);
-}
-
-CommandOutcome setRedLight(WeldData& data, const QJsonValue& argument)
-{
-    return setValue(data, node::kRedLight, argument);
+    data.values.insert(QLatin1String(node::kRedLight), argument);
+    return done();
 }
 
 /// A number of the setting node; nothing when the controller has no such node.
@@ -84,75 +142,90 @@ std::optional<double> settingNumber(const WeldData& data, const char* member)
 
 CommandOutcome noSetting()
 {
-    return {kNotNow, false, words("the controller has no %1").arg(QLatin1String(node::kSetting))};
+    return refused(kNotNow, words("the controller has no %1").arg(QLatin1String(node::kSetting)));
 }
 
 /// The wire runs for as long as its key is held. Two keys that are held at once contradict each other: the second one
 /// stops the wire, and it stays where it is until a key is pressed anew.
 CommandOutcome runWire(WeldData& data, Consumables::Wire direction, const char* speedMember, const QJsonValue& argument)
 {
-    if (!argument.isBool()) {
-        return notABoolean();
-    }
     Consumables& wire = data.consumables;
     if (!argument.toBool()) {
         if (wire.wire() == direction) {
             wire.stopWire();
         }
-        return {kDone, true, {}};
+        return done();
     }
     if (wire.wire() != Consumables::Wire::Stopped && wire.wire() != direction) {
         wire.stopWire();
-        return {kNotNow, false, words("the wire was running the other way; it is stopped")};
+        return refused(kNotNow, words("the wire was running the other way; it is stopped"));
     }
     const std::optional<double> speed = settingNumber(data, speedMember);
     if (!speed) {
         return noSetting();
     }
     wire.runWire(direction, *speed);
-    return {kDone, true, {}};
+    return done();
 }
 
-CommandOutcome feedWire(WeldData& data, const QJsonValue& argument)
+CommandOutcome feedWire(const CommandRow& /*row*/, WeldData& data, const QJsonValue& argument)
 {
     return runWire(data, Consumables::Wire::Feeding, "manual_feed_speed", argument);
 }
 
-CommandOutcome retractWire(WeldData& data, const QJsonValue& argument)
+CommandOutcome retractWire(const CommandRow& /*row*/, WeldData& data, const QJsonValue& argument)
 {
     return runWire(data, Consumables::Wire::Retracting, "manual_retract_speed", argument);
 }
 
-CommandOutcome openGas(WeldData& data, const QJsonValue& argument)
+CommandOutcome openGas(const CommandRow& /*row*/, WeldData& data, const QJsonValue& /*argument*/)
 {
-    if (!argument.isBool()) {
-        return notABoolean();
-    }
-    const std::optional<double> time = argument.toBool() ? settingNumber(data, "manual_gas_time") : 0;
+    const std::optional<double> time = settingNumber(data, "manual_gas_time");
     if (!time) {
         return noSetting();
     }
     data.consumables.openGas(*time);
-    return {kDone, true, {}};
+    return done();
 }
 
-CommandOutcome switchMonitor(WeldData& data, const QJsonValue& argument)
+CommandOutcome switchMonitor(const CommandRow& /*row*/, WeldData& data, const QJsonValue& argument)
 {
-    if (!argument.isBool()) {
-        return notABoolean();
-    }
     data.monitoring = argument.toBool();
-    return {kDone, true, {}};
+    return done();
 }
 
 constexpr CommandRow kCommands[] = {
-    {"set_weld_setting_config", setWeldSetting},       {"set_weld_enable", setWeldEnable},
-    {"set_virtual_welding", setVirtualWelding, false}, {"set_weld_feed_wire", feedWire, false},
-    {"set_weld_retract_wire", retractWire, false},     {"set_weld_manual_gas", openGas, false},
-    {"set_weld_red_light", setRedLight, false},        {"start_laserweld_monitor", switchMonitor, false},
+    {"set_weld_setting_config", replaceNode, node::kSetting},
+    {"set_weld_enable", setWeldEnable, node::kSetting},
+    {"set_virtual_welding", setVirtualWelding},
+    {"set_weld_feed_wire", feedWire},
+    {"set_weld_retract_wire", retractWire},
+    {"set_weld_manual_gas", openGas},
+    {"set_weld_red_light", setRedLight},
+    {"start_laserweld_monitor", switchMonitor},
+    {"set_weld_io_config", replaceNode, node::kIo},
+    {"set_weld_param_list_config", replaceMembers, node::kParameters},
+    {"set_weld_param_match_config", replaceMembers, node::kMatch},
+    {"set_weld_curve_power_config", replaceCurve, node::kCurves},
+    {"set_weld_curve_feed_config", replaceCurve, node::kCurves},
+    {"set_weld_curve_frequency_config", replaceCurve, node::kCurves},
+    {"set_weld_curve_dutycycle_config", replaceCurve, node::kCurves},
+    {"compute_curve_config", computeCurve},
 };
 
 } // namespace
+
+CommandOutcome CommandRow::execute(WeldData& data, const QJsonValue& argument) const
+{
+    if (const auto fault = SchemaValidator::of(QLatin1String(name)).fault(argument)) {
+        CommandOutcome outcome = refused(kBadArgument, fault->toString());
+        if (work == setWeldEnable) {
+            outcome.code = false;
+        }
+        return outcome;
+    }
+    return work(*this, data, argument);
+}
 
 QStringList commandNames()
 {

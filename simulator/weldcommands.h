@@ -21,16 +21,21 @@ struct WeldData {
 
 /// Result of a command.
 struct CommandOutcome {
-    QJsonValue code;   ///< the "return" value of the answer
-    bool done = false; ///< false: refused, nothing was set going
-    QString reason;    ///< why it was refused, for the journal
+    QJsonValue code;     ///< the "return" value of the answer
+    bool done = false;   ///< false: refused, nothing was set going
+    QString reason;      ///< why it was refused, for the journal
+    QJsonObject details; ///< what the answer holds beside its code
 };
 
 /// One command that the welding service knows.
 struct CommandRow {
     const char* name;
-    CommandOutcome (*execute)(WeldData& data, const QJsonValue& argument);
-    bool storesNodes = true; ///< whether it may change a configuration node
+    /// Gets an argument that follows the command's schema.
+    CommandOutcome (*work)(const CommandRow& row, WeldData& data, const QJsonValue& argument);
+    const char* node = nullptr; ///< the configuration node that it changes; null for none
+
+    /// Carries a command out, or refuses an argument that does not follow its schema and says which member.
+    CommandOutcome execute(WeldData& data, const QJsonValue& argument) const;
 };
 
 QStringList commandNames();

@@ -4,7 +4,7 @@
 #include "checks/fuzz/require.h"
 #include "page/laserweldpage.h"
 #include "page/weldsettingpage.h"
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 #include "tests/fakehost.h"
 
 #include <QApplication>
@@ -18,12 +18,14 @@ namespace fuzz
 namespace
 {
 
+/// A page that takes its node as a value and saves it with one command.
 template <typename Page, void (Page::*Load)(const QJsonValue&), QJsonObject (Page::*Save)()>
 ConfigPage row(const char* node)
 {
-    return {Page::staticMetaObject.className(), node,
-            [](QWidget* page, const QJsonValue& config) { (static_cast<Page*>(page)->*Load)(config); },
-            [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); }};
+    return {
+        Page::staticMetaObject.className(), node,
+        [](QWidget* page, FakeHost& /*host*/, const QJsonValue& config) { (static_cast<Page*>(page)->*Load)(config); },
+        [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); }};
 }
 
 /// A page with several nodes has several rows.

@@ -5,6 +5,8 @@
 #include <QJsonValue>
 #include <QVector>
 
+#include <functional>
+
 class FakeHost;
 class QWidget;
 
@@ -15,8 +17,9 @@ namespace fuzz
 struct ConfigPage {
     const char* className;
     const char* node;
-    void (*load)(QWidget* page, const QJsonValue& config);
-    QJsonObject (*save)(QWidget* page); ///< the save command: one member, the node
+    /// Makes the page take the node in; one that asks the host for it finds it there.
+    std::function<void(QWidget* page, FakeHost& host, const QJsonValue& config)> load;
+    std::function<QJsonObject(QWidget* page)> save; ///< the save commands that together bring the node, by name
 };
 
 /// A page of the main page, with its row.

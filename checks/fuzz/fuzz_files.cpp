@@ -7,7 +7,7 @@
 #include "checks/fuzz/require.h"
 #include "checks/support/scramble.h"
 #include "simulator/cellfile.h"
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 #include "simulator/simulatedcontroller.h"
 #include "simulator/statefile.h"
 
@@ -25,22 +25,9 @@ namespace
 
 constexpr int kMostDamages = 3;
 
-/// The fault of a member stands one line further down when an empty line is put in front.
-void checkFaultsLine(const FileFault& fault, const QByteArray& bytes)
-{
-    const QString path = pathOf("lower.json");
-    write(path, '\n' + bytes);
-    FileFault lower;
-    require(!loadCell(path, &lower) && lower.member == fault.member && lower.text == fault.text,
-            "an empty line changes what is wrong with a file");
-    require(lower.line == fault.line + 1, "a fault does not stay on its line");
-}
-
 bool areSound(const QJsonObject& nodes)
 {
-    JsonCheck check;
-    checkNodes(check, nodes, JsonPath());
-    return check.ok();
+    return !nodesFault(QJsonObject{{QStringLiteral("nodes"), nodes}});
 }
 
 /// What is read from a list of names can be told apart and chosen.
@@ -105,11 +92,37 @@ void checkKept(const QJsonObject& nodes, const QVector<RobotPoint>& points)
             "a state changes when it is saved and loaded again");
 }
 
+/// What the nodes have of a command's members: all of them, or as many as it may bring at once.
+QJsonObject membersFor(const QString& command, const QJsonObject& nodes, Dice& dice)
+{
+    const QJsonObject schema = SchemaValidator::of(command).schema();
+    const QJsonObject properties = schema.value(QLatin1String("properties")).toObject();
+    QJsonObject members;
+    for (const QJsonValue node : nodes) {
+        for (const QString& key : node.toObject().keys()) {
+            if (properties.contains(key)) {
+                members.insert(key, node[key]);
+            }
+        }
+    }
+    const int most = schema.value(QLatin1String("maxProperties")).toInt(members.size());
+    if (members.size() <= most) {
+        return members;
+    }
+    const QString key = dice.oneOf(members.keys());
+    QJsonObject one = {{key, members.value(key)}};
+    for (const QJsonValue other : schema.value(QLatin1String("dependencies"))[key].toArray()) {
+        one.insert(other.toString(), members.value(other.toString()));
+    }
+    return one;
+}
+
 QJsonValue argumentFor(const QString& command, const QJsonObject& nodes, Dice& dice)
 {
     static const QStringList texts = {QStringLiteral("TRUE"), QStringLiteral("FALSE")};
-    const QJsonValue node = nodes.value(command.mid(int(qstrlen("set_"))));
-    return scrambled(node.isUndefined() ? QJsonValue(dice.oneOf(texts)) : node, dice);
+    const QJsonObject members = membersFor(command, nodes, dice);
+    const QJsonValue genuine = members.isEmpty() ? QJsonValue(dice.oneOf(texts)) : QJsonValue(members);
+    return dice.oneIn(2) ? genuine : scrambled(genuine, dice);
 }
 
 /// Whatever a command brings and however it is answered, the controller's data stays sound, and what it refuses or
@@ -212,10 +225,6 @@ void checkCellFile(const QByteArray& bytes, Dice& dice)
     require(contentOf(path) == bytes, "reading a cell file changes it");
     if (!cell) {
         checkFault(fault, path, bytes);
-        // Nothing may stand in front of a byte order mark.
-        if (!fault.member.isEmpty() && !bytes.startsWith('\xEF')) {
-            checkFaultsLine(fault, bytes);
-        }
         return;
     }
     checkCell(*cell);

@@ -29,6 +29,7 @@ ARROWS = {
     # Loads the package as a pendant does, from its file: it must not know it.
     "simulator":  [SDK, SEAM],
     "tests":      [SDK, SEAM, *PACKAGE, GATHERED, "simulator"],
+    "docs":       [SDK, SEAM, *PACKAGE, GATHERED, "tests"],
     "checks":     [SDK, SEAM, *PACKAGE, GATHERED, "simulator", "tests"],
     "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED, "tests"],
     GATHERED:     [SDK, SEAM, *PACKAGE],

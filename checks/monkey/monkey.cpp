@@ -2,7 +2,7 @@
 
 #include "checks/monkey/hands.h"
 #include "checks/support/scramble.h"
-#include "simulator/nodeschema.h"
+#include "simulator/confignodes.h"
 #include "simulator/program/programeditor.h"
 
 #include <QApplication>

@@ -1,8 +1,7 @@
-#include "tests/interface/schemas.h"
+#include "docs/generator/schemas.h"
 
 #include <QJsonArray>
 
-#include <algorithm>
 #include <limits>
 
 namespace
@@ -24,81 +23,42 @@ QJsonObject exactly(const QJsonValue& value)
     return {{"const", value}};
 }
 
-enum class Direction { Read, Sent };
-
-QJsonObject memberSchema(const NodeMember& member, Direction direction)
+/// The rows of nodeforms.cpp know every node and every command that saves one.
+[[noreturn]] void failWithoutRow(const char* name)
 {
-    QJsonObject schema;
-    switch (member.spec.read) {
-    case Read::Integer:
-    case Read::Truncated:
-        schema = {{"type", "integer"}, {"minimum", member.minimum}, {"maximum", member.maximum}};
-        break;
-    case Read::Bool:
-        schema = typed("boolean");
-        break;
-    case Read::Text:
-        schema = typed("string");
-        break;
-    case Read::Choice:
-        schema = {{"type", "integer"}, {"minimum", 0}, {"maximum", member.spec.entries - 1}};
-        break;
-    case Read::Fixed:
-        schema = direction == Direction::Sent ? exactly(member.spec.standard) : QJsonObject();
-        break;
-    }
-    QString words = member.caption;
-    if (!member.unit.isEmpty()) {
-        words += QStringLiteral(", ") + member.unit;
-    }
-    if (member.spec.read == Read::Fixed && direction == Direction::Read) {
-        words += QStringLiteral("; not read");
-    }
-    schema.insert("description", words);
-    return schema;
+    qFatal("%s has no row in docs/generator/nodeforms.cpp", name);
 }
 
-/// A node as it is published, or as its save command sends it. Published, it may lack what is not read, and hold
-/// more than is read.
-QJsonObject nodeSchema(const NodeForm& form, Direction direction)
+QJsonObject nodeSchema(const Node& node, const QVector<NodeForm>& forms)
 {
-    QJsonObject properties;
-    QJsonArray required;
-    for (const NodeMember& member : form.members) {
-        const QString key = QLatin1String(member.spec.key);
-        properties.insert(key, memberSchema(member, direction));
-        if (direction == Direction::Sent || member.spec.read != Read::Fixed) {
-            required.append(key);
+    for (const NodeForm& form : forms) {
+        if (form.node == &node) {
+            return form.published;
         }
     }
-    return {{"type", "object"},
-            {"properties", properties},
-            {"required", required},
-            {"additionalProperties", direction == Direction::Read}};
+    failWithoutRow(node.name);
 }
 
-const NodeForm& formOf(const QVector<NodeForm>& forms, const char* name)
+QJsonObject saveSchema(const Command& command, const QVector<NodeForm>& forms)
 {
-    const auto form = std::find_if(forms.begin(), forms.end(), [name](const NodeForm& candidate) {
-        return candidate.node->name == name || candidate.save->name == name;
-    });
-    if (form == forms.end()) {
-        qFatal("%s has no row in tests/interface/nodeforms.cpp", name);
+    for (const NodeForm& form : forms) {
+        if (form.sent.contains(command.name)) {
+            return form.sent.value(command.name);
+        }
     }
-    return *form;
+    failWithoutRow(command.name);
 }
 
 QJsonObject argumentSchema(const Command& command, const QVector<NodeForm>& forms)
 {
     switch (command.argument) {
     case Argument::Node:
-        return nodeSchema(formOf(forms, command.name), Direction::Sent);
+        return saveSchema(command, forms);
     case Argument::Boolean:
+    case Argument::False: // true is for others to send
         return typed("boolean");
     case Argument::True:
         return exactly(true);
-    case Argument::False:
-        return exactly(false);
     case Argument::Word:
         return {{"enum", QJsonArray{"TRUE", "FALSE"}}};
     }
@@ -137,9 +97,8 @@ QJsonObject returnSchema(Answer answer)
     return {};
 }
 
-QJsonObject resultSchema()
+QJsonObject resultSchema(QJsonObject answers)
 {
-    QJsonObject answers;
     for (const Command* command : names::command::kAll) {
         answers.insert(command->name,
                        QJsonObject{{"type", "object"},
@@ -160,15 +119,14 @@ QJsonObject titled(QJsonObject schema, const QString& title)
 
 } // namespace
 
-QMap<QString, QJsonObject> interfaceSchemas(const QVector<NodeForm>& forms)
+QMap<QString, QJsonObject> interfaceSchemas(const QVector<NodeForm>& forms, const QJsonObject& otherAnswers)
 {
     QMap<QString, QJsonObject> schemas;
     for (const Node* node : names::node::kAll) {
         const QString name = QLatin1String(node->name);
         switch (node->content) {
         case Content::Object:
-            schemas.insert(name, titled(nodeSchema(formOf(forms, node->name), Direction::Read),
-                                        QStringLiteral("Node %1, shown and saved unchanged").arg(name)));
+            schemas.insert(name, titled(nodeSchema(*node, forms), QStringLiteral("Node %1").arg(name)));
             break;
         case Content::Boolean:
             schemas.insert(name, titled(typed("boolean"), QStringLiteral("Value %1").arg(name)));
@@ -182,6 +140,6 @@ QMap<QString, QJsonObject> interfaceSchemas(const QVector<NodeForm>& forms)
         schemas.insert(command->name, titled(argumentSchema(*command, forms),
                                              QStringLiteral("Argument of the command %1").arg(command->name)));
     }
-    schemas.insert("result", titled(resultSchema(), "Result array of a command"));
+    schemas.insert("result", titled(resultSchema(otherAnswers), "Result array of a command"));
     return schemas;
 }

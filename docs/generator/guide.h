@@ -1,7 +1,7 @@
-#ifndef TESTS_INTERFACE_GUIDE_H
-#define TESTS_INTERFACE_GUIDE_H
+#ifndef DOCS_GENERATOR_GUIDE_H
+#define DOCS_GENERATOR_GUIDE_H
 
-#include "tests/interface/nodeforms.h"
+#include "docs/generator/nodeforms.h"
 
 #include <QMap>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "tests/interface/guide.h"
+#include "docs/generator/guide.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -95,7 +95,7 @@ QString answerName(Answer answer)
             return QLatin1String(known.name);
         }
     }
-    qFatal("an answer has no row in tests/interface/guide.cpp");
+    qFatal("an answer has no row in docs/generator/guide.cpp");
 }
 
 QString commandsTable()
@@ -125,36 +125,8 @@ QString captionOf(const NodeMember& member)
 
 QString memberRow(const NodeMember& member)
 {
-    QString type;
-    QString range;
-    QString missing;
-    switch (member.spec.read) {
-    case Read::Integer:
-    case Read::Truncated:
-        type = member.spec.read == Read::Integer ? QStringLiteral("whole number")
-                                                 : QStringLiteral("number, its fraction is cut off");
-        range = QStringLiteral("%1 to %2").arg(member.minimum).arg(member.maximum);
-        missing = QString::number(member.whenMissing());
-        break;
-    case Read::Bool:
-        type = QStringLiteral("boolean");
-        missing = QStringLiteral("false");
-        break;
-    case Read::Text:
-        type = QStringLiteral("text");
-        missing = QStringLiteral("empty");
-        break;
-    case Read::Choice:
-        type = QStringLiteral("whole number, an entry of the list");
-        range = QStringLiteral("0 to %1").arg(member.spec.entries - 1);
-        missing = QString::number(taken(member.spec, QJsonValue::Undefined).toInt());
-        break;
-    case Read::Fixed:
-        type = QStringLiteral("not read");
-        range = QStringLiteral("always sent as %1").arg(member.spec.standard);
-        break;
-    }
-    return row({code(member.spec.key), captionOf(member), type, range, member.unit, missing, code(member.spec.widget)});
+    return row({code(member.key), captionOf(member), member.type, member.range, member.unit, member.whenMissing,
+                code(member.widget)});
 }
 
 QString memberTable(const NodeForm& form)

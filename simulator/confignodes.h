@@ -1,7 +1,9 @@
-#ifndef SIMULATOR_NODESCHEMA_H
-#define SIMULATOR_NODESCHEMA_H
+#ifndef SIMULATOR_CONFIGNODES_H
+#define SIMULATOR_CONFIGNODES_H
 
-#include "simulator/jsoncheck.h"
+#include "simulator/schemavalidator.h"
+
+#include <QStringList>
 
 namespace sim
 {
@@ -25,13 +27,9 @@ QStringList nodeNames();
 /// The values that exist beside the nodes.
 QStringList valueNames();
 
-/// Checks that a node has exactly the members it must have, each of the right type. What counts or selects
-/// something must be able to; quantities are not held to the ranges of a form: what a form makes of an odd one is
-/// something to try out.
-void checkNode(JsonCheck& check, const QString& name, const QJsonValue& node, const JsonPath& path);
-
-/// Checks an object of all nodes; a null stands for a node that the controller does not have.
-QJsonObject checkNodes(JsonCheck& check, const QJsonValue& nodes, const JsonPath& path);
+/// The first thing below "nodes" of a cell or state that is not as the node's schema has it. A null stands for a node
+/// that the controller does not have.
+std::optional<SchemaFault> nodesFault(const QJsonObject& root);
 
 } // namespace sim
 
