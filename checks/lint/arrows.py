@@ -8,16 +8,16 @@ import sys
 from sources import line_of, project_files, read, without_comments
 
 SDK = "pendix/include"
-SEAM = "pendix/host"
-# Not a folder: the target with the whole package and the seam, for tests.
+HOST_INTERFACE = "pendix/host"
+# Not a folder: the target with the whole package and the host interface, for tests.
 GATHERED = "target corvane"
 PACKAGE = ["common", "widgets", "page", "rl", "plugin", "resources"]
 
 # A folder, with all below it, may use itself, Qt, the system and:
 ARROWS = {
-    SDK:          [],
-    SEAM:         [SDK],
-    "pendix/src": [SDK, SEAM],
+    SDK: [],
+    HOST_INTERFACE: [SDK],
+    "pendix/src": [SDK, HOST_INTERFACE],
     "common":     [SDK],
     "widgets":    [SDK, "common"],
     "page":       [SDK, "common", "widgets"],
@@ -27,19 +27,19 @@ ARROWS = {
     # Another plug-in, which shows how one is written: it needs no more than any integrator has.
     "mirolt":     [SDK],
     # Loads the package as a pendant does, from its file: it must not know it.
-    "simulator":  [SDK, SEAM],
-    "tests":      [SDK, SEAM, *PACKAGE, GATHERED, "simulator"],
-    "docs":       [SDK, SEAM, *PACKAGE, GATHERED, "tests"],
-    "checks":     [SDK, SEAM, *PACKAGE, GATHERED, "simulator", "tests"],
-    "bench":      [SDK, SEAM, "common", "widgets", "page", "rl", "resources", GATHERED, "tests"],
-    GATHERED:     [SDK, SEAM, *PACKAGE],
+    "simulator":  [SDK, HOST_INTERFACE],
+    "tests":      [SDK, HOST_INTERFACE, *PACKAGE, GATHERED, "simulator"],
+    "docs":       [SDK, HOST_INTERFACE, *PACKAGE, GATHERED, "tests"],
+    "checks":     [SDK, HOST_INTERFACE, *PACKAGE, GATHERED, "simulator", "tests"],
+    "bench":      [SDK, HOST_INTERFACE, "common", "widgets", "page", "rl", "resources", GATHERED, "tests"],
+    GATHERED:     [SDK, HOST_INTERFACE, *PACKAGE],
 }
 
 # Targets that stand for something else than the folder that defines them.
-TARGETS = {"pendix_sdk": SDK, "pendix": SEAM, "corvane": GATHERED}
+TARGETS = {"pendix_sdk": SDK, "pendix": HOST_INTERFACE, "corvane": GATHERED}
 
 # Where the compiler looks for the project's headers; "" is the project root.
-INCLUDE_FOLDERS = ["", SDK, SEAM]
+INCLUDE_FOLDERS = ["", SDK, HOST_INTERFACE]
 
 # Who also sees the forms of another folder (AUTOUIC_SEARCH_PATHS in its CMakeLists.txt).
 FORMS = {"bench": "page"}
@@ -87,7 +87,7 @@ def is_generated(name, header, files):
 
 
 def spelling(reached):
-    for folder in (SDK, SEAM):
+    for folder in (SDK, HOST_INTERFACE):
         if reached.startswith(folder + "/"):
             reached = reached[len(folder) + 1:]
     return f'"{reached}"'
@@ -197,7 +197,7 @@ def check_links(files):
                 # A target by itself, or the end of a generator expression such as $<TARGET_OBJECTS:target>.
                 target = re.fullmatch(r"(?:\$<.*:)?(\w+)>*", word)
                 used = targets.get(target[1]) if target else None
-                # Inside pendix/ the SDK without the seam is made from the library with both.
+                # Inside pendix/ the SDK without the host interface is made from the library with both.
                 inside_pendix = user and used and user.startswith("pendix/") and used.startswith("pendix/")
                 if user and used and not inside_pendix:
                     check_arrow(user, used, name, line, f"{arguments[0]} links {target[1]}, which")

@@ -78,8 +78,9 @@ WrittenLine writeLine(const QPointer<pendix::RLContentBase>& editor, EditorRole 
         return {{}, refusal(tr("the plug-in has taken its editor of %1 away").arg(instruction.name))};
     }
     if (!agrees) {
-        const QString words = isInsert ? tr("at operator level %1 the editor of %2 lets nothing be inserted.")
-                                       : tr("at operator level %1 the editor of %2 lets nothing be replaced.");
+        // It does not say why: for the level, or for a text that would make another line of it.
+        const QString words = isInsert ? tr("the editor of %2 does not let this be inserted at operator level %1.")
+                                       : tr("the editor of %2 does not let this be replaced at operator level %1.");
         return {{}, refusal(words.arg(QString::number(operatorLevel), instruction.name))};
     }
     const QString fault = textFault(line, instruction, recogniser);

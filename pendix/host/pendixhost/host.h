@@ -19,7 +19,7 @@ struct LogStatement {
     QString filePath;  ///< log file without its suffix; empty: console only
 };
 
-/// The seam between the SDK and whoever plays the host: the simulator or a test. The SDK's free
+/// The interface between the SDK and whoever plays the host: the simulator or a test. The SDK's free
 /// functions forward to the installed host and do nothing else.
 class Host
 {
