@@ -195,7 +195,7 @@ std::function<void(bool)> handlerOf(const ButtonRow& row, Corvane* plugin)
     // All in copies: the host may drop its record, and with it this function, while a command is under way.
     if (row.acts == Acts::WhileHeld) {
         return [&row, plugin = Plugin(plugin), state = QSharedPointer<HeldState>::create()](bool down) {
-            const auto ours = state;
+            const auto ours = state; // NOLINT(performance-unnecessary-copy-initialization): outlives the function
             hold(row, Plugin(plugin), *ours, down);
         };
     }
