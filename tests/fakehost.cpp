@@ -105,12 +105,6 @@ QJsonValue FakeHost::getNodeData(const QString& name)
     return nodes.value(name, QJsonValue::Undefined);
 }
 
-QStringList FakeHost::getIOByType(const QString& type)
-{
-    called("io");
-    return io.value(type);
-}
-
 QHash<QString, QStringList> FakeHost::getRegisterHash()
 {
     called("registers");
@@ -121,30 +115,6 @@ QHash<QString, QStringList> FakeHost::getRegisterHash()
     return hash;
 }
 
-QJsonValue FakeHost::getRegisterValue()
-{
-    called("registers");
-    return registers;
-}
-
-bool FakeHost::getRobotEleStatus()
-{
-    called("power");
-    return powered;
-}
-
-int FakeHost::getUserOperateLevel()
-{
-    called("level");
-    return level;
-}
-
-QStringList FakeHost::getPointNameList()
-{
-    called("points");
-    return io.value("point");
-}
-
 void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj)
 {
     called("store");
@@ -152,47 +122,6 @@ void FakeHost::addCurrentPoint(const QString& name, bool overwrite, const QStrin
     if (!io["point"].contains(name)) {
         io["point"].append(name);
     }
-}
-
-QStringList FakeHost::getToolList()
-{
-    called("names");
-    return io.value("tool");
-}
-
-QStringList FakeHost::getWobjList()
-{
-    called("names");
-    return io.value("wobj");
-}
-
-QStringList FakeHost::getSpeedList()
-{
-    called("names");
-    return io.value("speed");
-}
-
-QStringList FakeHost::getZoneList()
-{
-    called("names");
-    return io.value("zone");
-}
-
-QString FakeHost::getCurTool()
-{
-    called("names");
-    return nodes.value("tool").toString();
-}
-
-QString FakeHost::getCurWobj()
-{
-    called("names");
-    return nodes.value("wobj").toString();
-}
-
-pendix::InterfaceManager* FakeHost::interfaceManager()
-{
-    return this;
 }
 
 void FakeHost::throwLog(const QString& source, pendix::enThrowLogLevel logLevel, const QString& text)
@@ -239,9 +168,4 @@ int FakeHost::pluginNoUniqueWidget(const QString& plugin, QWidget*& out)
     calls.append(QStringLiteral("pluginNoUniqueWidget %1").arg(plugin));
     out = otherWidget ? otherWidget() : nullptr;
     return out != nullptr ? 0 : -1;
-}
-
-void FakeHost::log(const pendix::LogStatement& statement)
-{
-    logs.append(statement);
 }

@@ -63,22 +63,22 @@ public:
     QJsonValue getVexaServiceData(const QString& name) override;
     void disconnectVexaServiceData(const QString& plugin, const QString& data, const QString& extra) override;
     QJsonValue getNodeData(const QString& name) override;
-    QStringList getIOByType(const QString& type) override;
+    QStringList getIOByType(const QString& type) override { return after("io", io.value(type)); }
     QHash<QString, QStringList> getRegisterHash() override;
-    QJsonValue getRegisterValue() override;
-    bool getRobotEleStatus() override;
-    int getUserOperateLevel() override;
-    QStringList getPointNameList() override;
+    QJsonValue getRegisterValue() override { return after("registers", registers); }
+    bool getRobotEleStatus() override { return after("power", powered); }
+    int getUserOperateLevel() override { return after("level", level); }
+    QStringList getPointNameList() override { return after("points", io.value("point")); }
     void addCurrentPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj) override;
-    QStringList getToolList() override;
-    QStringList getWobjList() override;
-    QStringList getSpeedList() override;
-    QStringList getZoneList() override;
-    QString getCurTool() override;
-    QString getCurWobj() override;
+    QStringList getToolList() override { return after("names", io.value("tool")); }
+    QStringList getWobjList() override { return after("names", io.value("wobj")); }
+    QStringList getSpeedList() override { return after("names", io.value("speed")); }
+    QStringList getZoneList() override { return after("names", io.value("zone")); }
+    QString getCurTool() override { return after("names", nodes.value("tool").toString()); }
+    QString getCurWobj() override { return after("names", nodes.value("wobj").toString()); }
 
     // Host
-    pendix::InterfaceManager* interfaceManager() override;
+    pendix::InterfaceManager* interfaceManager() override { return this; }
     void throwLog(const QString& source, pendix::enThrowLogLevel logLevel, const QString& text) override;
     void createCenterWidget(const QString& plugin, QWidget* widget) override;
     void createStatusBar(const QString& plugin, QWidget* widget, int position) override;
@@ -87,10 +87,17 @@ public:
     void changePhyButtonStatus(const QString& plugin, const QString& name, bool on) override;
     void changeModelWindowStatus(const QString& plugin, bool modal) override;
     int pluginNoUniqueWidget(const QString& plugin, QWidget*& out) override;
-    void log(const pendix::LogStatement& statement) override;
+    void log(const pendix::LogStatement& statement) override { logs.append(statement); }
 
 private:
     void called(const char* call);
+    /// What a call answers when everything that happens in it has happened.
+    template <typename T>
+    T after(const char* call, const T& answer)
+    {
+        called(call);
+        return answer;
+    }
     QJsonArray execute(QObject* sender, const QString& command, const QJsonValue& value);
 };
 
