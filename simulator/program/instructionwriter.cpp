@@ -79,8 +79,8 @@ WrittenLine writeLine(const QPointer<pendix::RLContentBase>& editor, EditorRole 
     }
     if (!agrees) {
         // It does not say why: for the level, or for a text that would make another line of it.
-        const QString words = isInsert ? tr("the editor of %2 does not let this be inserted at operator level %1.")
-                                       : tr("the editor of %2 does not let this be replaced at operator level %1.");
+        const QString words = isInsert ? tr("at operator level %1 the editor of %2 does not let this be inserted.")
+                                       : tr("at operator level %1 the editor of %2 does not let this be replaced.");
         return {{}, refusal(words.arg(QString::number(operatorLevel), instruction.name))};
     }
     const QString fault = textFault(line, instruction, recogniser);
