@@ -146,12 +146,16 @@ void LaserWeldPage::addPage(const QString& title, const QString& caption, QWidge
 
 void LaserWeldPage::openPage(const Entry& entry)
 {
+    if (ui->stackedWidget->indexOf(entry.page) < 0) {
+        return; // somebody has taken the sub-page away
+    }
     m_wanted = entry.page;
     markOpened(entry);
     const auto turn = m_business.begin();
     // A page asks the host while it is shown. The page of a click that comes meanwhile is turned to when that one
     // stands: the stack can't be turned over while it is being turned over.
-    while (turn && turn->ownerLives() && m_wanted && ui->stackedWidget->currentWidget() != m_wanted) {
+    while (turn && turn->ownerLives() && ui->stackedWidget->indexOf(m_wanted) >= 0 &&
+           ui->stackedWidget->currentWidget() != m_wanted) {
         ui->stackedWidget->setCurrentWidget(m_wanted);
     }
 }

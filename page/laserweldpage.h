@@ -49,7 +49,7 @@ private:
     /// What a navigation button opens.
     struct Entry {
         QToolButton* button;
-        QWidget* page;
+        QPointer<QWidget> page;
         QString caption;
     };
     void openPage(const Entry& entry);

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace Ui
 {
@@ -93,8 +94,8 @@ private:
     void cancel();
     void flip(bool isOn, const Business::Turn& turn);
     void switchOff(const Business::Turn& turn);
-    void switchOn(const Business::Turn& turn);
-    bool enableWelding(const Business::Turn& turn);
+    std::optional<QJsonObject> switchOn(const Business::Turn& turn);
+    void sendValidated(const QJsonObject& settings, const Business::Turn& turn);
     void setMainSwitch(bool isOn);
 
     std::unique_ptr<Ui::WeldSettingPage> ui;

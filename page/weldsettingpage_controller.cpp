@@ -11,6 +11,8 @@
 #include <QScopeGuard>
 #include <QShowEvent>
 
+#include <utility>
+
 namespace
 {
 
@@ -30,7 +32,7 @@ bool WeldSettingPage::conduct(const Work& work)
     }
     m_shownMeanwhile = false;
     const Fields fields = work(*turn);
-    if (turn->ownerLives() && m_shownMeanwhile) {
+    while (turn->ownerLives() && std::exchange(m_shownMeanwhile, false)) {
         refresh(*turn, fields);
     }
     return true;
@@ -162,13 +164,16 @@ void WeldSettingPage::onSwitchMain(bool isOn)
 
 void WeldSettingPage::flip(bool isOn, const Business::Turn& turn)
 {
+    // However this ends, by an exception too: unless the controller has done it, the switch goes back.
+    auto putBack = qScopeGuard([this, isOn, &turn] {
+        if (turn.ownerLives()) {
+            setMainSwitch(!isOn);
+        }
+    });
     blockingPause(kSwitchPauseMs);
     if (controller::isRobotPowered()) {
         if (turn.ownerLives()) {
             tellOperator(pendix::error, tr("Do not modify while powered on!"));
-        }
-        if (turn.ownerLives()) {
-            setMainSwitch(!isOn);
         }
         return;
     }
@@ -179,58 +184,40 @@ void WeldSettingPage::flip(bool isOn, const Business::Turn& turn)
     if (!allowed) {
         setMainSwitch(!isOn);
         lockPage();
-    } else if (isOn) {
-        switchOn(turn);
-    } else {
+        return;
+    }
+    if (!isOn) {
         switchOff(turn);
+        putBack.dismiss();
+        return;
+    }
+    const std::optional<QJsonObject> settings = switchOn(turn);
+    if (settings) {
+        putBack.dismiss();
+        sendValidated(*settings, turn);
     }
 }
 
 void WeldSettingPage::switchOff(const Business::Turn& turn)
 {
     controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("FALSE"));
-    if (!turn.ownerLives()) {
-        return;
+    if (turn.ownerLives()) {
+        setAllPlaneStatus(true);
+        setMainSwitch(false);
     }
-    setAllPlaneStatus(true);
-    setMainSwitch(false);
 }
 
-void WeldSettingPage::switchOn(const Business::Turn& turn)
+/// The settings that were validated, if the controller welds now: nothing can be edited before it has got them.
+std::optional<QJsonObject> WeldSettingPage::switchOn(const Business::Turn& turn)
 {
     if (!validateLaserCheckTime()) {
-        if (turn.ownerLives()) {
-            setMainSwitch(false);
-        }
-        return;
+        return std::nullopt;
     }
-    // The controller welds with what the form shows, saved or not: with what was validated, so nothing can be edited
-    // before it has got it.
     setMainSwitch(true);
     const QJsonObject settings = saveServerConfigToJson();
-    if (!enableWelding(turn)) {
-        return;
-    }
-    const bool allowed = operatorMayChange();
-    if (!turn.ownerLives()) {
-        return;
-    }
-    if (!allowed) {
-        lockPage();
-        logLine(LogLevel::Warning) << "WeldSettingPage::onSwitchMain welding is on with the controller's own settings:"
-                                   << "the operator's level fell before they were sent";
-        return;
-    }
-    // Its answer changes nothing here.
-    controller::sendCommand(this, settings);
-}
-
-bool WeldSettingPage::enableWelding(const Business::Turn& turn)
-{
     setAllPlaneStatus(false);
-    auto putBack = qScopeGuard([this, &turn] {
+    auto unlock = qScopeGuard([this, &turn] {
         if (turn.ownerLives()) {
-            setMainSwitch(false);
             setAllPlaneStatus(true);
         }
     });
@@ -238,14 +225,30 @@ bool WeldSettingPage::enableWelding(const Business::Turn& turn)
         controller::sendCommand(this, QLatin1String(names::command::kSetWeldEnable), QStringLiteral("TRUE"));
     blockingPause(kSwitchPauseMs);
     if (!turn.ownerLives()) {
-        return false;
+        return std::nullopt;
     }
     if (!parseJsonBool(result)) {
         tellOperator(pendix::error, tr("Laser weld startup faild!"));
-        return false;
+        return std::nullopt;
     }
-    putBack.dismiss();
+    unlock.dismiss();
     setAllPlaneStatus(false);
     setMainSwitch(true);
-    return true;
+    return settings;
+}
+
+/// The controller welds with what the form shows, saved or not; its answer changes nothing.
+void WeldSettingPage::sendValidated(const QJsonObject& settings, const Business::Turn& turn)
+{
+    const bool allowed = operatorMayChange();
+    if (!turn.ownerLives()) {
+        return;
+    }
+    if (allowed) {
+        controller::sendCommand(this, settings);
+        return;
+    }
+    lockPage();
+    logLine(LogLevel::Warning) << "WeldSettingPage::onSwitchMain welding is on with the controller's own settings:"
+                               << "the operator's level fell before they were sent";
 }

@@ -81,8 +81,11 @@ void Corvane::initPhysicalButton()
     const QString name = QString::fromLatin1(names::kPlugin);
     logLine(LogLevel::Information) << "Corvane::initPhysicalButton()";
     const PendantButtons buttons = pendantButtons(this);
+    const Business::Watch watch = m_business.watch();
     CreatePhyButtonList(name, name, buttons.first, buttons.second, {QString()});
-    ChangePhyButtonStatus(name, name, true);
+    if (watch.ownerLives()) {
+        ChangePhyButtonStatus(name, name, true);
+    }
 }
 
 void Corvane::readWeldingMode()

@@ -23,13 +23,13 @@ namespace
 
 using Plugin = QPointer<Corvane>;
 
-bool permitted()
+bool permitted(const Plugin& plugin)
 {
-    if (operatorMayChange()) {
-        return true;
+    const bool allowed = operatorMayChange();
+    if (!allowed && plugin) {
+        tellOperator(warning, Corvane::tr("Insufficient user permissions!"));
     }
-    tellOperator(warning, Corvane::tr("Insufficient user permissions!"));
-    return false;
+    return allowed;
 }
 
 bool isOn(const char* value)
@@ -55,7 +55,7 @@ QJsonArray send(const Plugin& plugin, const char* command, bool value)
 /// Sends a command if the operator may. The answer, or nothing when there is nobody left to judge one.
 std::optional<QJsonArray> sendPermitted(const Press& press, const char* command, bool value)
 {
-    if (!permitted() || !press.stands()) {
+    if (!permitted(press.plugin) || !press.stands()) {
         return std::nullopt;
     }
     const QJsonArray result = send(press.plugin, command, value);
@@ -124,7 +124,7 @@ void openGas(const Press& press)
 
 void toggleRedLight(const Press& press)
 {
-    if (!press.down || !permitted() || !press.stands()) {
+    if (!press.down || !permitted(press.plugin) || !press.stands()) {
         return;
     }
     const bool on = isOn(names::node::kRedLightStatus);

@@ -135,12 +135,14 @@ void FakeHost::createCenterWidget(const QString& plugin, QWidget* widget)
 {
     calls.append(QStringLiteral("createCenterWidget %1").arg(plugin));
     centerWidget = widget;
+    called("create");
 }
 
 void FakeHost::createStatusBar(const QString& plugin, QWidget* widget, int position)
 {
     calls.append(QStringLiteral("createStatusBar %1 %2").arg(plugin).arg(position));
     statusBar = widget;
+    called("create");
 }
 
 void FakeHost::createPhyButtonList(const QString& plugin, const QString& name,
@@ -150,11 +152,13 @@ void FakeHost::createPhyButtonList(const QString& plugin, const QString& name,
     firstButtons = first;
     secondButtons = second;
     calls.append(QStringLiteral("createPhyButtonList %1 %2 '%3'").arg(plugin, name, selector.join("', '")));
+    called("create");
 }
 
 void FakeHost::changePhyButtonStatus(const QString& plugin, const QString& name, bool on)
 {
     calls.append(QStringLiteral("changePhyButtonStatus %1 %2 %3").arg(plugin, name, on ? "true" : "false"));
+    called("create");
 }
 
 void FakeHost::changeModelWindowStatus(const QString& plugin, bool modal)

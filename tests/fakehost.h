@@ -35,7 +35,8 @@ public:
     bool powered = false;              ///< robot power
     QMap<QString, QJsonArray> answers; ///< result array by command name; else "return" 0 (true for enable)
     /// Runs inside a host call: "command", "level", "power", "read", "message", "io", "registers", "points", "store"
-    /// (of a point), "names" (of tools and the like), "neighbour" (another plug-in's widget).
+    /// (of a point), "names" (of tools and the like), "neighbour" (another plug-in's widget),
+    /// "create" (what the plug-in hands over).
     std::function<void(const QString&)> onCall;
     std::function<QWidget*()> otherWidget; ///< what another plug-in offers; empty or null: nothing
 

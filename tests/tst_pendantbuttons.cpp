@@ -321,31 +321,40 @@ void TestPendantButtons::levelFallsBeforeTheLightIsSwitched()
 
 void TestPendantButtons::pluginTakenAway_data()
 {
-    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<int>("level");
     QTest::addColumn<int>("calls");
-    QTest::newRow("work mode") << "Work mode" << 4; // status, level, command, message
-    QTest::newRow("red light") << "Red Light" << 4; // level, status, level, command
-    QTest::newRow("wire feed") << "Wiring" << 3;    // level, command, message
-    QTest::newRow("connection") << QString() << 1;  // status
+    QTest::newRow("work mode") << "Work mode" << 3 << 4;   // status, level, command, message
+    QTest::newRow("red light") << "Red Light" << 3 << 4;   // level, status, level, command
+    QTest::newRow("wire feed") << "Wiring" << 3 << 3;      // level, command, message
+    QTest::newRow("refused") << "Wiring" << 2 << 2;        // level, message
+    QTest::newRow("connection") << "connection" << 3 << 1; // status
+    QTest::newRow("start") << "start" << 3 << 4;           // page, buttons, their status, status item
 }
 
 void TestPendantButtons::pluginTakenAway()
 {
-    QFETCH(QString, button);
-    const auto make = [this] {
+    QFETCH(QString, what);
+    QFETCH(int, level);
+    m_plugin.reset();
+    m_host->level = level;
+    const auto make = [&what] {
         auto* plugin = new pendix::Corvane(nullptr);
-        plugin->init();
-        plugin->render();
+        if (what != "start") {
+            plugin->init();
+            plugin->render();
+        }
         return plugin;
     };
-    const auto act = [&](pendix::Corvane*) {
-        if (button.isEmpty()) {
+    const auto act = [&](pendix::Corvane* plugin) {
+        if (what == "start") {
+            plugin->init();
+        } else if (what == "connection") {
             emit m_host->sigNetworkConnect();
         } else {
-            press(button, true);
+            press(what, true);
         }
     };
-    m_plugin.reset();
     QTEST(takeAwayInEveryCall<pendix::Corvane>(*m_host, make, act), "calls");
 }
 

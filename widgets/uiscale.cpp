@@ -192,9 +192,14 @@ void applyContentFonts(QWidget* root, int points)
         return;
     }
     const QFont font = contentFont(root, points);
-    const auto apply = [&font](const auto& widgets) {
+    // Not operator!=: a sheet leaves its own traces in a font that looks the same.
+    const auto looksLike = [&font](const QFont& other) {
+        return other.family() == font.family() && other.pointSize() == font.pointSize() &&
+               other.weight() == font.weight() && other.style() == font.style();
+    };
+    const auto apply = [&](const auto& widgets) {
         for (QWidget* widget : widgets) {
-            if (widget->font().family() != font.family() || widget->font().pointSize() != font.pointSize()) {
+            if (!looksLike(widget->font())) {
                 widget->setFont(font);
             }
         }
