@@ -68,7 +68,10 @@ QJsonObject ruleBelow(const QJsonObject& rule, const QVariant& step)
         return rule.value(QLatin1String("properties")).toObject().value(step.toString()).toObject();
     }
     const QJsonValue items = rule.value(QLatin1String("items"));
-    return (items.isArray() ? items.toArray().at(step.toInt()) : items).toObject();
+    const QJsonArray first = items.toArray();
+    const bool isFurther = items.isArray() && step.toInt() >= first.size();
+    const QJsonValue further = rule.value(QLatin1String("additionalItems"));
+    return (isFurther ? further : items.isArray() ? first.at(step.toInt()) : items).toObject();
 }
 
 QString inWords(const QJsonValue& value)

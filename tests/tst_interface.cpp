@@ -126,6 +126,7 @@ private slots:
     void commandsFitExactly_data();
     void commandsFitExactly();
     void publishedNodesHoldTheirTypes();
+    void rowsBeyondTheFourthAreFree();
     void answers_data();
     void answers();
 
@@ -295,6 +296,19 @@ void TestInterface::publishedNodesHoldTheirTypes()
     for (const QString& name : valueNames()) {
         QVERIFY(SchemaValidator::of(name).fits(m_cell->values.value(name)) && !SchemaValidator::of(name).fits(1));
     }
+}
+
+/// The page sends all rows of a match table that hold a number, and judges the first four.
+void TestInterface::rowsBeyondTheFourthAreFree()
+{
+    QJsonObject table = m_cell->nodes.value(QLatin1String(node::kMatch)).toObject().value("PowerData2").toObject();
+    const QJsonArray rows = table.value("power_data").toArray();
+    const auto faultWith = [&](const QJsonArray& fifth) {
+        table.insert("power_data", QJsonArray{rows[0], rows[1], rows[2], rows[3], fifth});
+        return faultOf("set_weld_param_match_config", QJsonObject{{"PowerData2", table}});
+    };
+    QCOMPARE(faultWith({1.5, 0, 0, -7}), QString());
+    QVERIFY(faultWith({1.5, 0, 0, "7"}).contains("PowerData2.power_data[4][3]: expected a number"));
 }
 
 void TestInterface::answers_data()
