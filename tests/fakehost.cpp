@@ -25,10 +25,27 @@ FakeHost::~FakeHost()
     delete statusBar;
 }
 
+QStringList FakeHost::sent() const
+{
+    QStringList texts;
+    for (const auto& command : commands) {
+        texts.append((command.first + ' ' + command.second.toVariant().toString()).trimmed());
+    }
+    return texts;
+}
+
+QStringList FakeHost::told() const
+{
+    QStringList texts;
+    for (const Message& message : messages) {
+        texts.append(QStringLiteral("%1|%2").arg(message.level).arg(message.text));
+    }
+    return texts;
+}
+
 QString FakeHost::lastMessage() const
 {
-    return messages.isEmpty() ? QString()
-                              : QStringLiteral("%1|%2").arg(messages.last().level).arg(messages.last().text);
+    return told().value(messages.size() - 1);
 }
 
 QStringList FakeHost::warnings() const

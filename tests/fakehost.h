@@ -51,6 +51,8 @@ public:
     QPointer<QWidget> centerWidget;
     QPointer<QWidget> statusBar;
 
+    QStringList sent() const;     ///< the commands as "name argument", those with an object by name only
+    QStringList told() const;     ///< the messages as "level|text"
     QString lastMessage() const;  ///< "level|text" of the last message, empty when there is none
     QStringList warnings() const; ///< the log statements of level warning, the items of each joined by "|"
     void forget();                ///< clears what is recorded

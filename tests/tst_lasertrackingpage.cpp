@@ -61,9 +61,8 @@ void TestLaserTrackingPage::embedsAtOnce()
     page->hide();
     page->show();
     QCOMPARE(m_host.calls.count("pluginNoUniqueWidget Mirolt"), 1);
-    QVERIFY(lines().first() == "IMirolt embedded into LaserTrackingPage");
-    QCOMPARE(QSet<QString>(m_host.logs.size() > 1 ? QSet<QString>{lines().last()} : QSet<QString>()),
-             QSet<QString>{lines().first()});
+    const QStringList told = lines();
+    QCOMPARE(told.count("IMirolt embedded into LaserTrackingPage"), told.size());
 }
 
 void TestLaserTrackingPage::waitsForALatePlugin()

@@ -14,11 +14,6 @@ namespace
 const QString kVirtual = QStringLiteral("laser_weld_data.virtual_welding_status");
 const QString kRedLight = QStringLiteral("laser_weld_data.weld_redlight_status");
 
-QString asText(const QPair<QString, QJsonValue>& command)
-{
-    return QStringLiteral("%1 %2").arg(command.first, command.second.toVariant().toString());
-}
-
 } // namespace
 
 class TestPendantButtons : public QObject
@@ -45,8 +40,6 @@ private slots:
 
 private:
     void press(const QString& text, bool down);
-    QStringList sent() const;
-    QStringList told() const;
 
     std::unique_ptr<FakeHost> m_host;
     std::unique_ptr<pendix::Corvane> m_plugin;
@@ -70,24 +63,6 @@ void TestPendantButtons::press(const QString& text, bool down)
         }
     }
     QFAIL(qPrintable("no button " + text));
-}
-
-QStringList TestPendantButtons::sent() const
-{
-    QStringList texts;
-    for (const auto& command : m_host->commands) {
-        texts.append(asText(command));
-    }
-    return texts;
-}
-
-QStringList TestPendantButtons::told() const
-{
-    QStringList texts;
-    for (const FakeHost::Message& message : m_host->messages) {
-        texts.append(QStringLiteral("%1|%2").arg(message.level).arg(message.text));
-    }
-    return texts;
 }
 
 void TestPendantButtons::describesTheButtons()
@@ -115,9 +90,9 @@ void TestPendantButtons::refusesBelowLevelThree()
     for (auto row = refusals.begin(); row != refusals.end(); ++row) {
         m_host->forget();
         press(row.key(), true);
-        QCOMPARE(told(), QStringList(refusal));
+        QCOMPARE(m_host->told(), QStringList(refusal));
         press(row.key(), false);
-        QCOMPARE(told().count(refusal), row.value());
+        QCOMPARE(m_host->told().count(refusal), row.value());
         QVERIFY(m_host->commands.isEmpty());
     }
 }
@@ -152,9 +127,9 @@ void TestPendantButtons::switchesTheWorkMode()
     m_host->answers["set_virtual_welding"] = result;
     const QImage before = m_host->statusBar->grab().toImage();
     press("Work mode", true);
-    QCOMPARE(sent(), QStringList(command));
+    QCOMPARE(m_host->sent(), QStringList(command));
     QCOMPARE(m_host->senders, QVector<QObject*>{m_plugin.get()});
-    QCOMPARE(told(), QStringList(message));
+    QCOMPARE(m_host->told(), QStringList(message));
     // The item starts with the picture of real welding.
     QCOMPARE(m_host->statusBar->grab().toImage() != before, message.endsWith("VirtualWelding"));
     press("Work mode", false);
@@ -193,14 +168,15 @@ void TestPendantButtons::reportsWireAndGas()
     const QString done = "0|" + name + " successfully";
     press(button, true);
     press(button, false);
-    QCOMPARE(sent(), released ? QStringList({command + " true", command + " false"}) : QStringList(command + " true"));
-    QCOMPARE(told(), released ? QStringList({done, done}) : QStringList(done));
+    QCOMPARE(m_host->sent(),
+             released ? QStringList({command + " true", command + " false"}) : QStringList(command + " true"));
+    QCOMPARE(m_host->told(), released ? QStringList({done, done}) : QStringList(done));
     QVERIFY(m_host->logs.isEmpty());
 
     m_host->forget();
     m_host->answers[command] = FakeHost::answer(command, 7);
     press(button, true);
-    QCOMPARE(told(), QStringList("2|" + name + " failed. Please check logs."));
+    QCOMPARE(m_host->told(), QStringList("2|" + name + " failed. Please check logs."));
     QCOMPARE(m_host->logs.last().items, QStringList({log, command, " Result:", "7"}));
 
     m_host->forget();
@@ -218,7 +194,7 @@ void TestPendantButtons::togglesTheRedLight()
         press("Red Light", true);
         press("Red Light", false);
     }
-    QCOMPARE(sent(), QStringList({"set_weld_red_light true", "set_weld_red_light false"}));
+    QCOMPARE(m_host->sent(), QStringList({"set_weld_red_light true", "set_weld_red_light false"}));
     QVERIFY(m_host->messages.isEmpty());
 }
 
@@ -299,7 +275,7 @@ void TestPendantButtons::commandsThatThrow()
         } catch (const std::runtime_error&) {
             press("Wiring", false);
         }
-        QCOMPARE(sent(), QStringList({"set_weld_feed_wire true", "set_weld_feed_wire false"}));
+        QCOMPARE(m_host->sent(), QStringList({"set_weld_feed_wire true", "set_weld_feed_wire false"}));
     }
     m_host->forget();
     m_host->onCall = [](const QString& call) {
@@ -316,7 +292,7 @@ void TestPendantButtons::levelFallsBeforeTheLightIsSwitched()
     m_host->onCall = [&](const QString& call) { m_host->level = call == "read" ? 2 : m_host->level; };
     press("Red Light", true);
     QVERIFY(m_host->commands.isEmpty());
-    QCOMPARE(told(), QStringList("1|Insufficient user permissions!"));
+    QCOMPARE(m_host->told(), QStringList("1|Insufficient user permissions!"));
 }
 
 void TestPendantButtons::pluginTakenAway_data()
@@ -369,11 +345,11 @@ void TestPendantButtons::survivesTheHostsChanges()
         }
     };
     m_host->firstButtons.first().handler(true);
-    QCOMPARE(told(), QStringList("0|Switch to VirtualWelding"));
+    QCOMPARE(m_host->told(), QStringList("0|Switch to VirtualWelding"));
     init();
     m_host->onCall = [&](const QString&) { m_host->secondButtons.clear(); };
     m_host->secondButtons.last().handler(true);
-    QCOMPARE(told(), QStringList("0|Retract wire successfully"));
+    QCOMPARE(m_host->told(), QStringList("0|Retract wire successfully"));
 
     // It calls a handler that it kept, when the plug-in object is gone.
     init();

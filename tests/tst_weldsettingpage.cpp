@@ -40,8 +40,8 @@ namespace
 const QString kNode = "weld_setting_config";
 const QString kSave = "set_weld_setting_config";
 const QString kEnable = "set_weld_enable";
-const QString kOn = "set_weld_enable=TRUE";
-const QString kOff = "set_weld_enable=FALSE";
+const QString kOn = "set_weld_enable TRUE";
+const QString kOff = "set_weld_enable FALSE";
 const QString kSwitch = "pushButton_main_enable";
 const QString kCheckTimeMessage = "2|The detected time of the light output is later than the light output inspection "
                                   "time; saving failed!";
@@ -117,14 +117,6 @@ struct Shown {
     }
     QJsonValue saved(const char* key) { return page.saveServerConfigToJson().value(kSave).toObject().value(key); }
     int power() const { return form.find<QSpinBox>("spinBox_laser_power")->value(); }
-    QStringList sent() const
-    {
-        QStringList names;
-        for (const auto& command : host.commands) {
-            names.append(command.second.isString() ? command.first + '=' + command.second.toString() : command.first);
-        }
-        return names;
-    }
 };
 
 } // namespace
@@ -167,7 +159,7 @@ void TestWeldSettingPage::everyMemberHasItsWidget()
         }
     }
     shown.form.press("pushButton_save");
-    QCOMPARE(shown.sent(), QStringList{kSave});
+    QCOMPARE(shown.host.sent(), QStringList{kSave});
     QCOMPARE(shown.host.commands[0].second.toObject(), storedNode());
     QCOMPARE(shown.host.senders[0], &shown.page);
     QVERIFY2(shown.host.reads.isEmpty(), "a save does not read the node again");
@@ -206,9 +198,7 @@ void TestWeldSettingPage::showing()
     QVERIFY(shown.form.isEnabled(kSwitch));
     QCOMPARE(flips.size(), 0);
     QCOMPARE(shown.host.commands.size(), 0);
-    const auto* outputs = shown.form.find<QComboBox>("comboBox_detection_do");
-    QCOMPARE(outputs->count(), 3);
-    QCOMPARE(outputs->itemText(0) + '|' + outputs->itemText(1) + '|' + outputs->itemText(2), QString("|DO2|DO10"));
+    QCOMPARE(shown.form.find<QComboBox>("comboBox_detection_do")->findText("DO10"), 2);
     QCOMPARE(shown.form.find<QComboBox>("comboBox_feedback_di")->itemText(1), QString("DI3"));
 
     shown.page.hide();
@@ -277,7 +267,7 @@ void TestWeldSettingPage::saveOutcome()
     shown.host.answers[kSave] = answer;
     shown.form.type("spinBox_laser_power", "1234");
     shown.form.press("pushButton_save");
-    QCOMPARE(shown.sent().size(), detect < 200 ? 0 : 1);
+    QCOMPARE(shown.host.sent().size(), detect < 200 ? 0 : 1);
     QTEST(shown.host.lastMessage(), "message");
     QTEST(shown.host.logs.isEmpty() ? QString() : shown.host.logs.last().items.join('|'), "log");
     QCOMPARE(shown.power(), 1234);
@@ -339,13 +329,13 @@ void TestWeldSettingPage::flip()
     // One pause before anything happens, one between the answer of a switch-on and its judgement.
     QCOMPARE(slept.first(), 300);
     QCOMPARE(slept.last(), wasOn || powered || isTooShort ? 300 : 600);
-    QTEST(shown.sent(), "sent");
+    QTEST(shown.host.sent(), "sent");
     QCOMPARE(shown.host.senders.count(&shown.page), shown.host.commands.size());
     QCOMPARE(shown.host.lastMessage(), message);
     QCOMPARE(shown.isOn(), isOn);
     QCOMPARE(shown.editable(), !isOn);
     QCOMPARE(flips.size(), 1);
-    if (shown.sent().size() == 2) {
+    if (shown.host.sent().size() == 2) {
         QCOMPARE(shown.host.commands[1].second.toObject().value("laser_main_enable"), QJsonValue(true));
     }
 }
@@ -385,7 +375,7 @@ void TestWeldSettingPage::levelIsReadWhenItCounts()
     };
     shown.form.press(button);
     QCOMPARE(called, calls.mid(0, called.size()));
-    QCOMPARE(shown.sent(), sent);
+    QCOMPARE(shown.host.sent(), sent);
     QVERIFY(shown.host.messages.isEmpty());
     const bool isSettled = called == calls;
     QCOMPARE(shown.page.isEnabled(), isSettled);
@@ -434,7 +424,7 @@ void TestWeldSettingPage::sendsWhatWasValidated()
     shown.host.onCall = nullptr;
     shown.host.forget();
     shown.page.onSwitchMain(false);
-    QCOMPARE(shown.sent(), QStringList{kOff});
+    QCOMPARE(shown.host.sent(), QStringList{kOff});
 }
 
 void TestWeldSettingPage::secondPressDuringACommand()
@@ -450,23 +440,23 @@ void TestWeldSettingPage::secondPressDuringACommand()
     };
     shown.host.onCall = pressAll;
     shown.form.press("pushButton_save");
-    QCOMPARE(shown.sent(), QStringList{kSave});
+    QCOMPARE(shown.host.sent(), QStringList{kSave});
     QCOMPARE(shown.host.messages.size(), 1);
 
     shown.host.forget();
     shown.form.press(kSwitch);
-    QCOMPARE(shown.sent(), QStringList({kOn, kSave}));
+    QCOMPARE(shown.host.sent(), QStringList({kOn, kSave}));
     QVERIFY(shown.isOn());
 
     shown.host.nodes[kNode] = storedNode({{"laser_main_enable", true}});
     shown.page.hide();
     shown.host.forget();
     shown.page.show();
-    QCOMPARE(shown.sent(), QStringList());
+    QCOMPARE(shown.host.sent(), QStringList());
 
     shown.host.onCall = nullptr;
     shown.form.press(kSwitch);
-    QCOMPARE(shown.sent(), QStringList{kOff});
+    QCOMPARE(shown.host.sent(), QStringList{kOff});
 }
 
 void TestWeldSettingPage::shownDuringACommand_data()
