@@ -41,7 +41,7 @@ inline constexpr Node kRedLightStatus = {"laser_weld_data.weld_redlight_status",
                                          "pendant button \"Red Light\". Missing: false, the light is off"};
 inline constexpr Node kMonitorData = {
     "weld_monitor_data", Content::Stream,
-    "the monitor, from whoever opened it; the monitor ends the subscription when it is closed"};
+    "the monitor, from whoever opened it; the monitor ends the subscription when it is closed or destroyed"};
 
 inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLightStatus, &kMonitorData};
 
@@ -106,7 +106,7 @@ inline constexpr Command kManualGas = {"set_weld_manual_gas", Argument::True, An
 inline constexpr Command kSetRedLight = {"set_weld_red_light", Argument::Boolean, Answer::Ignored, "pendix::Corvane",
                                          "\"Red Light\" pressed; the opposite of what is"};
 inline constexpr Command kMonitor = {"start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
-                                     "the monitor is closed; true, which starts the stream, is for who opens it"};
+                                     "the monitor is closed, or destroyed without; true, which starts the stream, is for who opens it"};
 
 inline constexpr const Command* kAll[] = {&kSetWeldSetting, &kSetWeldEnable, &kSetVirtualWelding, &kFeedWire,
                                           &kRetractWire,    &kManualGas,     &kSetRedLight,       &kMonitor};

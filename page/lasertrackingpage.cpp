@@ -44,7 +44,11 @@ void LaserTrackingPage::embedLaserTrackPage()
     if (!trackWidget && !obtainWidget()) {
         return;
     }
+    const Business::Watch watch = m_business.watch();
     place(trackWidget);
+    if (!watch.ownerLives()) {
+        return; // the neighbour's page asks the host too when it is shown
+    }
     refreshStack();
     logLine(LogLevel::Information) << kLaserTrackPluginName << " embedded into LaserTrackingPage";
 }
@@ -57,8 +61,8 @@ bool LaserTrackingPage::obtainWidget()
     }
     QWidget* widget = nullptr;
     const int code = GetPluginNoUniqueWidget(QString::fromLatin1(kLaserTrackPluginName), widget);
+    std::unique_ptr<QWidget> unclaimed(widget);
     if (!turn->ownerLives()) {
-        delete widget;
         return false;
     }
     if (widget == nullptr) {
@@ -66,7 +70,7 @@ bool LaserTrackingPage::obtainWidget()
         return false;
     }
     m_retry.stop();
-    trackWidget = widget;
+    trackWidget = unclaimed.release();
     retryCount = 0;
     return true;
 }

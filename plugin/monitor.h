@@ -9,7 +9,7 @@ class QWidget;
 
 /// The monitor dialog for an owner outside the library, which finds these two by name (dlsym). The owner sets the
 /// ranges of the dialog's spin boxes, sends "start_laserweld_monitor" with true, shows the dialog and feeds it; the
-/// dialog ends the stream itself when it is closed.
+/// dialog ends the stream itself when it is closed, or destroyed without.
 extern "C" {
 
 /// A new monitor dialog, styled and not yet shown. It belongs to its parent, or to the caller when that is null.

@@ -35,6 +35,11 @@ QString removePrefixAndSuffix(const QString& text, const QString& prefix, const 
 
 } // namespace corvane::util
 
+QString quoted(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
 QString unwrapQuotes(const QString& text)
 {
     const QString quote = QStringLiteral("\"");

@@ -20,6 +20,9 @@ QString removePrefixAndSuffix(const QString& text, const QString& prefix, const 
 
 } // namespace corvane::util
 
+/// The text between double quotes, as it stands in a line.
+QString quoted(const QString& text);
+
 /// The text without one pair of surrounding double quotes, else unchanged. Nothing is trimmed.
 QString unwrapQuotes(const QString& text);
 

@@ -49,11 +49,6 @@ void selectOrFirst(QComboBox* box, const QString& text)
     }
 }
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 } // namespace
 
 MotionEditor::MotionEditor(const MotionSpec& spec, Role role, const MotionCaptions& captions, QWidget* parent)

@@ -22,11 +22,6 @@ bool isRamp(const QString& text, const char* ramp)
     return text.compare(QLatin1String(ramp), Qt::CaseInsensitive) == 0;
 }
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 } // namespace
 
 RLParaSetInsertWidget::RLParaSetInsertWidget(const QString& name, QWidget* parent)

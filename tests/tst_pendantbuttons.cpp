@@ -248,6 +248,18 @@ void TestPendantButtons::statesToldMeanwhile()
 
 void TestPendantButtons::pressedTwiceDuringItsCommand()
 {
+    // The other wire key has a turn of its own.
+    m_host->onCall = [&](const QString& call) {
+        if (call == "command" && m_host->commands.size() == 1) {
+            press("Retract Wire", true);
+            press("Retract Wire", false);
+        }
+    };
+    press("Wiring", true);
+    QCOMPARE(m_host->sent(),
+             QStringList({"set_weld_feed_wire true", "set_weld_retract_wire true", "set_weld_retract_wire false"}));
+    m_host->forget();
+
     m_host->onCall = [&](const QString& call) {
         if (call == "command" && m_host->commands.size() < 3) {
             press("Work mode", true);
@@ -306,6 +318,7 @@ void TestPendantButtons::pluginTakenAway_data()
     QTest::newRow("refused") << "Wiring" << 2 << 2;        // level, message
     QTest::newRow("connection") << "connection" << 3 << 1; // status
     QTest::newRow("start") << "start" << 3 << 4;           // page, buttons, their status, status item
+    QTest::newRow("render") << "render" << 3 << 1;         // the neighbour
 }
 
 void TestPendantButtons::pluginTakenAway()
@@ -318,6 +331,8 @@ void TestPendantButtons::pluginTakenAway()
         auto* plugin = new pendix::Corvane(nullptr);
         if (what != "start") {
             plugin->init();
+        }
+        if (what != "start" && what != "render") {
             plugin->render();
         }
         return plugin;
@@ -325,6 +340,8 @@ void TestPendantButtons::pluginTakenAway()
     const auto act = [&](pendix::Corvane* plugin) {
         if (what == "start") {
             plugin->init();
+        } else if (what == "render") {
+            plugin->render();
         } else if (what == "connection") {
             emit m_host->sigNetworkConnect();
         } else {

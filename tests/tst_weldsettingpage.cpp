@@ -137,6 +137,7 @@ private slots:
     void flip();
     void levelIsReadWhenItCounts_data();
     void levelIsReadWhenItCounts();
+    void accessOfOtherPages();
     void sendsWhatWasValidated_data();
     void sendsWhatWasValidated();
     void secondPressDuringACommand();
@@ -383,6 +384,24 @@ void TestWeldSettingPage::levelIsReadWhenItCounts()
     QCOMPARE(shown.isOn(), sent.contains(kOn) || wasOn);
     QCOMPARE(shown.host.logs.size(), sent.contains(kOn) && !isSettled ? 1 : 0);
     QVERIFY(shown.host.logs.isEmpty() || shown.host.logs.first().tag.startsWith("[W|"));
+}
+
+void TestWeldSettingPage::accessOfOtherPages()
+{
+    Shown shown;
+    const auto access = [&shown](int level, bool welding, bool meanwhile) {
+        shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", welding}});
+        shown.host.onCall = [&](const QString&) {
+            shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", meanwhile}});
+        };
+        shown.host.level = level;
+        return accessOf(&shown.page);
+    };
+    QVERIFY(access(3, false, false) == PageAccess::Editable && access(3, true, true) == PageAccess::ReadOnly);
+    QVERIFY(access(2, false, false) == PageAccess::Locked && access(2, true, true) == PageAccess::Locked);
+    // The switch as it stands once the host has answered.
+    QVERIFY(access(3, false, true) == PageAccess::ReadOnly && access(3, true, false) == PageAccess::Editable);
+    QVERIFY(accessOf(nullptr) == PageAccess::Editable);
 }
 
 void TestWeldSettingPage::sendsWhatWasValidated_data()

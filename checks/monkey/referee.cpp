@@ -1,5 +1,7 @@
 #include "checks/monkey/referee.h"
 
+#include "simulator/weldcommands.h"
+
 #include <QJsonObject>
 #include <QSpinBox>
 
@@ -10,11 +12,15 @@ constexpr int kLowestChangingLevel = 3;
 
 const QString kEnable = QStringLiteral("set_weld_enable");
 const QString kSetSettings = QStringLiteral("set_weld_setting_config");
+const QString kFeedWire = QStringLiteral("set_weld_feed_wire");
+const QString kRetractWire = QStringLiteral("set_weld_retract_wire");
+const QString kComputeCurve = QStringLiteral("compute_curve_config");
+const QString kMonitor = QStringLiteral("start_laserweld_monitor");
 const QString kRefusal = QStringLiteral("Insufficient user permissions!");
 
 bool movesWire(const QString& command)
 {
-    return command == QLatin1String("set_weld_feed_wire") || command == QLatin1String("set_weld_retract_wire");
+    return command == kFeedWire || command == kRetractWire;
 }
 
 /// What a page's fields hold, by the members that they are named after: "spinBox_laser_power" holds "laser_power".
@@ -29,7 +35,15 @@ QMap<QString, int> fieldsOf(const QObject* page)
 
 } // namespace
 
-Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1) {}
+Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
+{
+    // A rule about a command that nobody sends under that name would never be broken.
+    for (const QString& name : {kEnable, kSetSettings, kFeedWire, kRetractWire, kComputeCurve, kMonitor}) {
+        if (sim::findCommand(name) == nullptr) {
+            qFatal("the referee judges %s, which the controller does not know", qPrintable(name));
+        }
+    }
+}
 
 Referee::~Referee()
 {
@@ -72,12 +86,12 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
 bool Referee::mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const
 {
     // Curves that are drawn are computed again when their page is shown.
-    if (name == QLatin1String("compute_curve_config")) {
+    if (name == kComputeCurve) {
         return sender != nullptr && sender->inherits("CharacteristicsCurvePage") &&
                m_actions.back().shown.contains(sender);
     }
     // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
-    return name == QLatin1String("start_laserweld_monitor") &&
+    return name == kMonitor &&
            (argument == QJsonValue(false) || (sender != nullptr && sender->inherits("sim::MonitorOwner")));
 }
 

@@ -7,7 +7,8 @@
 #include <functional>
 
 /// The simulator's host with a referee in it, who hears of every command, question and message of the plug-ins. Like a
-/// real one it may spin the event loop in each of these calls; the font zoom and log lines come at once.
+/// real one it may spin the event loop in most of these calls; the font zoom and log lines come at once,
+/// and so do the neighbour's widget and the end of a subscription.
 class WatchedHost : public sim::SimHost
 {
     Q_OBJECT

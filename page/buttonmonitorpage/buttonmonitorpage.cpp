@@ -60,8 +60,14 @@ ButtonMonitorPage::ButtonMonitorPage(QWidget* parent)
 ButtonMonitorPage::~ButtonMonitorPage()
 {
     // A dialog that goes without having been closed leaves a stream running, also when it is hidden by now.
-    if (m_stream == Stream::Running) {
+    if (m_stream != Stream::Running) {
+        return;
+    }
+    try {
         stopMonitor();
+    } catch (...) {
+        // Nothing may leave a destructor.
+        logLine(LogLevel::Warning) << "ButtonMonitorPage: exception while the stream was stopped";
     }
 }
 

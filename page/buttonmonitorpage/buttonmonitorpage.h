@@ -13,7 +13,7 @@ class ButtonMonitorPage;
 
 /// A small dialog with five live values of the welding process, for looking only. Its owner opens it, has the
 /// controller start the stream of values, and hands every set of them to onWelderStateChanged. The dialog ends the
-/// stream when it is closed, in whichever way.
+/// stream when it is closed, in whichever way, or destroyed without having been closed since it was shown.
 ///
 /// Ranges: 0 to 100 for the duty cycle, the spin boxes' own 0 to 99.99 for the others; an owner that expects larger
 /// values sets the ranges of the five QDoubleSpinBoxes.
