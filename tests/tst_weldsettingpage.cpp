@@ -1,125 +1,19 @@
-#include "page/weldsettingpage.h"
-#include "tests/fakehost.h"
-#include "tests/formdriver.h"
 #include "tests/takenaway.h"
-#include "widgets/enablebutton.h"
+#include "tests/weldsettingform.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QShowEvent>
 #include <QSignalSpy>
-#include <QSpinBox>
 #include <QTest>
 
-#include <cerrno>
 #include <ctime>
 
-namespace
+/// The page's pauses cost nothing here.
+extern "C" int nanosleep(const timespec* /*wanted*/, timespec* /*rest*/)
 {
-
-/// What the page has slept. Its pauses cost nothing here, and a signal interrupts every one of them half way.
-qint64 sleptMs = 0;
-bool wasInterrupted = false;
-
-} // namespace
-
-extern "C" int nanosleep(const timespec* wanted, timespec* rest)
-{
-    const qint64 ms = wanted->tv_sec * 1000 + wanted->tv_nsec / 1000000;
-    wasInterrupted = !wasInterrupted;
-    const qint64 left = wasInterrupted ? ms / 2 : 0;
-    *rest = {0, left * 1000000};
-    sleptMs += ms - left;
-    errno = EINTR;
-    return wasInterrupted ? -1 : 0;
+    return 0;
 }
-
-namespace
-{
-
-const QString kNode = "weld_setting_config";
-const QString kSave = "set_weld_setting_config";
-const QString kEnable = "set_weld_enable";
-const QString kOn = "set_weld_enable TRUE";
-const QString kOff = "set_weld_enable FALSE";
-const QString kSwitch = "pushButton_main_enable";
-const QString kCheckTimeMessage = "2|The detected time of the light output is later than the light output inspection "
-                                  "time; saving failed!";
-
-struct Member {
-    const char* key;
-    const char* widget;
-    QJsonValue stored;     ///< another one in every member, so that a swapped pair shows
-    QJsonValue ofFraction; ///< what becomes of the stored number and seven tenths
-};
-
-const QVector<Member>& members()
-{
-    static const QVector<Member> all{
-        {"laser_main_enable", "pushButton_main_enable", false, false},
-        {"laser_comm_type", "comboBox_laser_comm_type", 0, 0},
-        {"laser_power", "spinBox_laser_power", 2111, 2111},
-        {"feedback_delay", "spinBox_feedback_delay", 1112, 1112},
-        {"pre_gas_time", "spinBox_pre_gas_time", 113, 0},
-        {"delay_off_time", "spinBox_delay_off_time", 114, 0},
-        {"detection_delay", "spinBox_detection_delay", 115, 0},
-        {"manual_gas_time", "spinBox_manual_gas_time", 1116, 1000},
-        {"retraction_distance", "doubleSpinBox_retraction_distance", 17, 17},
-        {"retraction_speed", "doubleSpinBox_retraction_speed", 18, 18},
-        {"detection_time", "spinBox_detection_time", 119, 100},
-        {"feeder_enable", "pushButton_Feeder", true, false},
-        {"wire_feeder_comm_type", "comboBox_wire_feeder_comm_type", 0, 0},
-        {"max_feed_speed", "doubleSpinBox_max_feed_speed", 121, 121},
-        {"manual_feed_speed", "doubleSpinBox_manual_feed_speed", 122, 122},
-        {"manual_retract_speed", "doubleSpinBox_manual_retract_speed", 123, 123},
-        {"wire_feedback_detection", "spinBox_wire_feedback_detection", 124, 0},
-        {"laser_check_out_time", "spinBox_laser_check_out_time", 125, 0},
-    };
-    return all;
-}
-
-QJsonObject storedNode(const QJsonObject& changes = {})
-{
-    QJsonObject node;
-    for (const Member& member : members()) {
-        node.insert(member.key, member.stored);
-    }
-    for (auto change = changes.begin(); change != changes.end(); ++change) {
-        node.insert(change.key(), change.value());
-    }
-    return node;
-}
-
-/// A page on the screen with a host behind it.
-struct Shown {
-    FakeHost host;
-    WeldSettingPage page{nullptr};
-    FormDriver form{&page};
-
-    explicit Shown(const QJsonObject& changes = {})
-    {
-        host.nodes[kNode] = storedNode(changes);
-        page.show();
-        host.forget();
-    }
-
-    bool isOn() const { return form.find<EnableButton>(kSwitch)->getIsEnabled(); }
-    bool editable() const
-    {
-        const QStringList lockable{
-            "frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking", "pushButton_cancel", "pushButton_save"};
-        const int enabled = std::count_if(lockable.begin(), lockable.end(),
-                                          [this](const QString& name) { return form.isEnabled(name); });
-        if (enabled != 0 && enabled != lockable.size()) {
-            qFatal("partly locked");
-        }
-        return enabled != 0;
-    }
-    QJsonValue saved(const char* key) { return page.saveServerConfigToJson().value(kSave).toObject().value(key); }
-    int power() const { return form.find<QSpinBox>("spinBox_laser_power")->value(); }
-};
-
-} // namespace
 
 class TestWeldSettingPage : public QObject
 {
@@ -133,13 +27,6 @@ private slots:
     void saveOutcome_data();
     void saveOutcome();
     void cancel();
-    void flip_data();
-    void flip();
-    void levelIsReadWhenItCounts_data();
-    void levelIsReadWhenItCounts();
-    void accessOfOtherPages();
-    void sendsWhatWasValidated_data();
-    void sendsWhatWasValidated();
     void secondPressDuringACommand();
     void shownDuringACommand_data();
     void shownDuringACommand();
@@ -288,162 +175,6 @@ void TestWeldSettingPage::cancel()
     shown.form.press("pushButton_cancel");
     QVERIFY(shown.isOn() && !shown.editable());
     QCOMPARE(shown.host.commands.size(), 0);
-}
-
-void TestWeldSettingPage::flip_data()
-{
-    QTest::addColumn<bool>("wasOn");
-    QTest::addColumn<bool>("powered");
-    QTest::addColumn<QJsonArray>("answer");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<bool>("isOn");
-    QTest::addColumn<QString>("message");
-    const QString powered = "2|Do not modify while powered on!";
-    const QString faild = "2|Laser weld startup faild!";
-    QTest::newRow("on") << false << false << FakeHost::answer(kEnable, true) << QStringList{kOn, kSave} << true << "";
-    QTest::newRow("on, refused") << false << false << FakeHost::answer(kEnable, false) << QStringList{kOn} << false
-                                 << faild;
-    QTest::newRow("on, silent") << false << false << QJsonArray() << QStringList{kOn} << false << faild;
-    QTest::newRow("on, powered") << false << true << QJsonArray() << QStringList() << false << powered;
-    QTest::newRow("on, detect time too short")
-        << false << false << QJsonArray() << QStringList() << false << kCheckTimeMessage;
-    QTest::newRow("off") << true << false << QJsonArray() << QStringList{kOff} << false << "";
-    QTest::newRow("off, powered") << true << true << QJsonArray() << QStringList() << true << powered;
-}
-
-void TestWeldSettingPage::flip()
-{
-    QFETCH(bool, wasOn);
-    QFETCH(bool, isOn);
-    QFETCH(bool, powered);
-    QFETCH(QString, message);
-    const bool isTooShort = message == kCheckTimeMessage;
-    Shown shown({{"laser_main_enable", wasOn}, {"feedback_delay", 200}, {"laser_check_out_time", 200 + isTooShort}});
-    shown.host.powered = powered;
-    QFETCH(QJsonArray, answer);
-    shown.host.answers[kEnable] = answer;
-    QSignalSpy flips(shown.form.find<EnableButton>(kSwitch), &EnableButton::enabled);
-    QVector<qint64> slept;
-    sleptMs = 0;
-    shown.host.onCall = [&](const QString&) { slept.append(sleptMs); };
-    shown.form.press(kSwitch);
-    // One pause before anything happens, one between the answer of a switch-on and its judgement.
-    QCOMPARE(slept.first(), 300);
-    QCOMPARE(slept.last(), wasOn || powered || isTooShort ? 300 : 600);
-    QTEST(shown.host.sent(), "sent");
-    QCOMPARE(shown.host.senders.count(&shown.page), shown.host.commands.size());
-    QCOMPARE(shown.host.lastMessage(), message);
-    QCOMPARE(shown.isOn(), isOn);
-    QCOMPARE(shown.editable(), !isOn);
-    QCOMPARE(flips.size(), 1);
-    if (shown.host.sent().size() == 2) {
-        QCOMPARE(shown.host.commands[1].second.toObject().value("laser_main_enable"), QJsonValue(true));
-    }
-}
-
-void TestWeldSettingPage::levelIsReadWhenItCounts_data()
-{
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("wasOn");
-    QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<int>("fallsIn");
-    QTest::addColumn<QStringList>("sent");
-    const QString save = "pushButton_save";
-    const QStringList ofSave{"level", "command"};
-    const QStringList ofOff{"power", "level", "command"};
-    const QStringList ofOn{"power", "level", "command", "level", "command"};
-    QTest::newRow("save") << save << false << ofSave << 0 << QStringList{};
-    QTest::newRow("off, during the power question") << kSwitch << true << ofOff << 0 << QStringList{};
-    QTest::newRow("on, during the power question") << kSwitch << false << ofOn << 0 << QStringList{};
-    QTest::newRow("on, during the enable command") << kSwitch << false << ofOn << 2 << QStringList{kOn};
-    QTest::newRow("on, too late to matter") << kSwitch << false << ofOn << 4 << QStringList{kOn, kSave};
-}
-
-void TestWeldSettingPage::levelIsReadWhenItCounts()
-{
-    QFETCH(QString, button);
-    QFETCH(bool, wasOn);
-    QFETCH(QStringList, calls);
-    QFETCH(int, fallsIn);
-    QFETCH(QStringList, sent);
-    Shown shown({{"laser_main_enable", wasOn}});
-    QStringList called;
-    shown.host.onCall = [&](const QString& call) {
-        if (called.size() == fallsIn) {
-            shown.host.level = 2;
-        }
-        called.append(call);
-    };
-    shown.form.press(button);
-    QCOMPARE(called, calls.mid(0, called.size()));
-    QCOMPARE(shown.host.sent(), sent);
-    QVERIFY(shown.host.messages.isEmpty());
-    const bool isSettled = called == calls;
-    QCOMPARE(shown.page.isEnabled(), isSettled);
-    // The controller welds once it has agreed to, whatever becomes of the settings.
-    QCOMPARE(shown.isOn(), sent.contains(kOn) || wasOn);
-    QCOMPARE(shown.host.logs.size(), sent.contains(kOn) && !isSettled ? 1 : 0);
-    QVERIFY(shown.host.logs.isEmpty() || shown.host.logs.first().tag.startsWith("[W|"));
-}
-
-void TestWeldSettingPage::accessOfOtherPages()
-{
-    Shown shown;
-    const auto access = [&shown](int level, bool welding, bool meanwhile) {
-        shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", welding}});
-        shown.host.onCall = [&](const QString&) {
-            shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", meanwhile}});
-        };
-        shown.host.level = level;
-        return accessOf(&shown.page);
-    };
-    QVERIFY(access(3, false, false) == PageAccess::Editable && access(3, true, true) == PageAccess::ReadOnly);
-    QVERIFY(access(2, false, false) == PageAccess::Locked && access(2, true, true) == PageAccess::Locked);
-    // The switch as it stands once the host has answered.
-    QVERIFY(access(3, false, true) == PageAccess::ReadOnly && access(3, true, false) == PageAccess::Editable);
-    QVERIFY(accessOf(nullptr) == PageAccess::Editable);
-}
-
-void TestWeldSettingPage::sendsWhatWasValidated_data()
-{
-    QTest::addColumn<QString>("outcome");
-    QTest::newRow("accepted") << "accepted";
-    QTest::newRow("refused") << "refused";
-    QTest::newRow("thrown") << "thrown";
-}
-
-void TestWeldSettingPage::sendsWhatWasValidated()
-{
-    QFETCH(QString, outcome);
-    Shown shown({{"feedback_delay", 300}, {"laser_check_out_time", 200}});
-    shown.host.answers[kEnable] = FakeHost::answer(kEnable, outcome == "accepted");
-    shown.host.onCall = [&](const QString& call) {
-        // The operator edits while the controller thinks, as a finger would and as an owner of the page could.
-        if (call == "command" || (call == "level" && !shown.host.commands.isEmpty())) {
-            QVERIFY(!shown.editable());
-            shown.form.find<QSpinBox>("spinBox_feedback_delay")->setValue(7);
-        }
-        if (call == "command" && outcome == "thrown") {
-            throw 1;
-        }
-    };
-    try {
-        shown.page.onSwitchMain(true);
-        QVERIFY(outcome != "thrown");
-    } catch (int) {
-        QCOMPARE(outcome, QString("thrown"));
-    }
-    QCOMPARE(shown.isOn(), outcome == "accepted");
-    QCOMPARE(shown.editable(), outcome != "accepted");
-    if (outcome == "accepted") {
-        const QJsonObject expected =
-            storedNode({{"laser_main_enable", true}, {"feedback_delay", 300}, {"laser_check_out_time", 200}});
-        QCOMPARE(shown.host.commands.value(1).second.toObject(), expected);
-    }
-    shown.host.onCall = nullptr;
-    shown.host.forget();
-    shown.page.onSwitchMain(false);
-    QCOMPARE(shown.host.sent(), QStringList{kOff});
 }
 
 void TestWeldSettingPage::secondPressDuringACommand()
