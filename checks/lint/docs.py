@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What README.md and docs/*.md name must be there: every path of the project in backticks, every relative link, every
-word of ./dev, every option of the simulator, and every text that the operator guide quotes.
+word of ./dev, every option of the simulator, and every text that they quote: in the operator guide one of the
+translation file, elsewhere one of the sources or a heading.
 
 A path may leave out the ending (`rl/motioneditor`), list several (`page/weldsettingpage.{h,cpp,ui}`) or hold a "*".
 A name without its folder, or with the last of its folders only, counts if any file has it. A name that heads a code
@@ -26,6 +27,8 @@ HEADING = re.compile(r"^#+ +(.*)$", re.MULTILINE)
 GUIDE = "docs/operator-guide.md"
 TRANSLATION = "resources/language/Corvane_cn.ts"
 QUOTED = re.compile(r'"([^"]*)"')
+SHORT_QUOTE = re.compile(r'(?<![\w"])"([^"\n]+(?:\n[^"\n]+)?)"')
+SOURCE = re.compile(r"^(?!checks/fuzz/corpus/).*\.(?:cpp|h|ui|ts|json|py|sh)$|^dev$")
 CHINESE = re.compile("[\u3000-\u303f\u4e00-\u9fff\uff00-\uffef]+")
 DEV_WORD = re.compile(r"(?:\.|\$REPO)/dev (\w+)")
 DEV_CASE = re.compile(r"^([a-z0-9][a-z0-9 |]*)\)$", re.MULTILINE)
@@ -147,16 +150,34 @@ def check_quotes(failures):
     return count
 
 
+def source_words(project):
+    """All that the sources say, in one line: what a document quotes of the program stands there."""
+    texts = (read(name) for name in sorted(project.files) if SOURCE.search(name))
+    return " ".join(" ".join(text.split()) for text in texts).replace('\\"', '"')
+
+
+def check_other_quotes(name, text, known, failures):
+    """What another document quotes stands in the sources, in the translation file or in a heading.
+    Returns how many quotes there are."""
+    found = list(SHORT_QUOTE.finditer(text))
+    failures.extend(f"{name}:{line_of(text, match.start())}: nothing says \"{match[1]}\""
+                    for match in found if " ".join(match[1].split()) not in known)
+    return len(found)
+
+
 def main():
     project, failures, count, mentions = Project(), [], 0, 0
     words = {word.strip() for case in DEV_CASE.findall(read("dev")) for word in case.split("|")}
     options = {option for names in OPTION_NAMES.findall(read("simulator/options.cpp")) for option in names}
     pages = [name for name in sorted(project.files) if re.fullmatch(r"README\.md|docs/[^/]+\.md", name)]
+    known = source_words(project) + "\n".join(heading for name in pages for heading in HEADING.findall(read(name)))
     for name in pages:
         whole = read(name)
         text = COMMENT.sub(blanked, CODE_BLOCK.sub(blanked, whole))
         examples = EXAMPLE.findall(whole)
         count += check_paths(name, text, examples, project, failures) + check_links(name, text, project, failures)
+        if name != GUIDE:
+            mentions += check_other_quotes(name, text, known, failures)
         mentions += check_words(name, whole, words, failures) + check_options(name, whole, options, failures)
     mentions += check_quotes(failures)
     print(*failures, sep="\n", end="\n" if failures else "", file=sys.stderr)
