@@ -105,8 +105,9 @@ inline constexpr Command kManualGas = {"set_weld_manual_gas", Argument::True, An
                                        "\"ProtectGas\" pressed"};
 inline constexpr Command kSetRedLight = {"set_weld_red_light", Argument::Boolean, Answer::Ignored, "pendix::Corvane",
                                          "\"Red Light\" pressed; the opposite of what is"};
-inline constexpr Command kMonitor = {"start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
-                                     "the monitor is closed, or destroyed without; true, which starts the stream, is for who opens it"};
+inline constexpr Command kMonitor = {
+    "start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
+    "the monitor is closed, or destroyed without; true, which starts the stream, is for who opens it"};
 
 inline constexpr const Command* kAll[] = {&kSetWeldSetting, &kSetWeldEnable, &kSetVirtualWelding, &kFeedWire,
                                           &kRetractWire,    &kManualGas,     &kSetRedLight,       &kMonitor};
