@@ -143,7 +143,7 @@ void TestWeldSettingSwitch::accessOfOtherPages()
     Shown shown;
     const auto access = [&shown](int level, bool welding, bool meanwhile) {
         shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", welding}});
-        shown.host.onCall = [&](const QString&) {
+        shown.host.onCall = [&shown, meanwhile](const QString&) {
             shown.page.loadServerConfigFromJson(QJsonObject{{"laser_main_enable", meanwhile}});
         };
         shown.host.level = level;
