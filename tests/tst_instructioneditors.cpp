@@ -168,7 +168,7 @@ void TestInstructionEditors::generic()
 void TestInstructionEditors::exceptions()
 {
     FakeHost host;
-    host.io["zone"] = QStringList{"z10", "fine"};
+    host.io["zone"] = QStringList{"fine", "z8", "z9"};
     const struct {
         RLContentBase* editor;
         const char* list;
@@ -178,7 +178,7 @@ void TestInstructionEditors::exceptions()
         {new RLLaserOnInsertWidget("LaserOn", nullptr), "cbxLaserDataID", "f(LsData%1)", " unknown exception"},
         {new RLParaSetInsertWidget("LsParaSet", nullptr), "cbxLaserDataID", "f(LsData%1)",
          "Caught an unknown exception!"},
-        {new WMoveLPropertyWidget, "cbxPoint", "f(p%1,v,z,t)", " Caught an unknown exception!"},
+        {new WMoveLPropertyWidget, "cbxZone", "f(p1,v,z%1,t)", " Caught an unknown exception!"},
     };
     for (const auto& row : rows) {
         const std::unique_ptr<RLContentBase> editor(row.editor);
