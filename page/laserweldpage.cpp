@@ -147,7 +147,9 @@ void LaserWeldPage::addPage(const QString& title, const QString& caption, QWidge
 void LaserWeldPage::openPage(const Entry& entry)
 {
     if (ui->stackedWidget->indexOf(entry.page) < 0) {
-        return; // somebody has taken the sub-page away
+        // Somebody has taken the sub-page away; the click has marked its button.
+        entry.button->setChecked(entry.button == lastButton);
+        return;
     }
     m_wanted = entry.page;
     markOpened(entry);
