@@ -2,8 +2,6 @@
 #define PAGE_WELDSETTINGPAGE_H
 
 #include "common/business.h"
-#include "common/commandresult.h"
-#include "page/pageaccess.h"
 #include "widgets/formfields.h"
 #include "widgets/stylekey.h"
 

@@ -1,10 +1,12 @@
 // What the page asks of the controller and tells it: show, save, cancel and the main switch.
+#include "common/commandresult.h"
 #include "common/controller.h"
 #include "common/logline.h"
 #include "common/mjson.h"
 #include "common/names.h"
 #include "common/operatormessage.h"
 #include "page/blockingpause.h"
+#include "page/pageaccess.h"
 #include "page/weldsettingpage.h"
 #include "ui_weldsettingpage.h"
 
