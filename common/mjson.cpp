@@ -11,40 +11,17 @@
 namespace mJson
 {
 
+using registerfilter::boolTypes;
+using registerfilter::floatTypes;
+using registerfilter::integerTypes;
+using registerfilter::numericTypes;
+
 namespace
 {
 
 const QString kAnyAccess;
-const QString kReadable = QStringLiteral("r");
-const QString kWritable = QStringLiteral("w");
-
-const QStringList& boolTypes()
-{
-    static const QStringList types = {QStringLiteral("bool"), QStringLiteral("bit")};
-    return types;
-}
-
-const QStringList& integerTypes()
-{
-    static const QStringList types = {QStringLiteral("int8"),   QStringLiteral("uint8"),  QStringLiteral("byte"),
-                                      QStringLiteral("int16"),  QStringLiteral("uint16"), QStringLiteral("word"),
-                                      QStringLiteral("short"),  QStringLiteral("int32"),  QStringLiteral("uint32"),
-                                      QStringLiteral("dword"),  QStringLiteral("int"),    QStringLiteral("int64"),
-                                      QStringLiteral("uint64"), QStringLiteral("long")};
-    return types;
-}
-
-const QStringList& floatTypes()
-{
-    static const QStringList types = {QStringLiteral("float"), QStringLiteral("double")};
-    return types;
-}
-
-const QStringList& numericTypes()
-{
-    static const QStringList types = integerTypes() + floatTypes();
-    return types;
-}
+const QString kReadable = QLatin1String(registerfilter::kReadable);
+const QString kWritable = QLatin1String(registerfilter::kWritable);
 
 QStringList sortedIo(const char* type)
 {

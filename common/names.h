@@ -34,6 +34,10 @@ inline constexpr Node kWeldSetting = {
     "weld_setting_config", Content::Object,
     "\"Weld Setup\", whenever it is shown and on \"Cancel\". Missing or no object: the "
     "form keeps its values"};
+inline constexpr Node kWeldIo = {
+    "weld_io_config", Content::Object,
+    "\"Weld I/O\", whenever it is shown, on \"Cancel\" and after a save that was accepted. Missing or no object: the "
+    "tables keep what they show"};
 inline constexpr Node kVirtualWelding = {"laser_weld_data.virtual_welding_status", Content::Boolean,
                                          "status picture, after every (re)connection; pendant button \"Work mode\". "
                                          "Missing: false, real welding"};
@@ -43,7 +47,7 @@ inline constexpr Node kMonitorData = {
     "weld_monitor_data", Content::Stream,
     "the monitor, from whoever opened it; the monitor ends the subscription when it is closed or destroyed"};
 
-inline constexpr const Node* kAll[] = {&kWeldSetting, &kVirtualWelding, &kRedLightStatus, &kMonitorData};
+inline constexpr const Node* kAll[] = {&kWeldSetting, &kWeldIo, &kVirtualWelding, &kRedLightStatus, &kMonitorData};
 
 } // namespace node
 
@@ -73,9 +77,10 @@ enum class Argument {
 
 /// How the "return" of a command's answer is read.
 enum class Answer {
-    Code,    ///< number, 0: done; no whole number counts as 0; no answer is only logged
-    AnyCode, ///< the same, but a text or a boolean is read too, and no answer counts as 0
-    Done,    ///< boolean, true: done; anything else, also no answer: refused
+    Code,     ///< number, 0: done; no whole number counts as 0; no answer is only logged
+    ReadCode, ///< number (its fraction is cut off), text or boolean, 0: done; no answer is refused
+    AnyCode,  ///< the same, but no answer counts as 0
+    Done,     ///< boolean, true: done; anything else, also no answer: refused
     Ignored
 };
 
@@ -95,6 +100,8 @@ inline constexpr Command kSetWeldSetting = {"set_weld_setting_config", Argument:
                                             "answer, when welding has been enabled"};
 inline constexpr Command kSetWeldEnable = {"set_weld_enable", Argument::Word, Answer::Done, "WeldSettingPage",
                                            "main switch of \"Weld Setup\"; the answer to \"FALSE\" is ignored"};
+inline constexpr Command kSetWeldIo = {"set_weld_io_config", Argument::Node, Answer::ReadCode, "WeldioPage",
+                                       "\"Save\" on \"Weld I/O\""};
 inline constexpr Command kSetVirtualWelding = {"set_virtual_welding", Argument::Boolean, Answer::AnyCode,
                                                "pendix::Corvane", "\"Work mode\" pressed; the opposite of what is"};
 inline constexpr Command kFeedWire = {"set_weld_feed_wire", Argument::Boolean, Answer::Code, "pendix::Corvane",
@@ -109,8 +116,9 @@ inline constexpr Command kMonitor = {
     "start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
     "the monitor is closed, or destroyed without; true, which starts the stream, is for who opens it"};
 
-inline constexpr const Command* kAll[] = {&kSetWeldSetting, &kSetWeldEnable, &kSetVirtualWelding, &kFeedWire,
-                                          &kRetractWire,    &kManualGas,     &kSetRedLight,       &kMonitor};
+inline constexpr const Command* kAll[] = {&kSetWeldSetting,    &kSetWeldIo,   &kSetWeldEnable,
+                                          &kSetVirtualWelding, &kFeedWire,    &kRetractWire,
+                                          &kManualGas,         &kSetRedLight, &kMonitor};
 
 } // namespace command
 

@@ -2,7 +2,6 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 #include <QVariant>
 
 #include <algorithm>
@@ -70,23 +69,73 @@ bool passes(Access wanted, const QString& access)
     return true;
 }
 
+/// Queries as the pass over the registers needs them.
+struct Wanted {
+    QHash<QString, QVector<int>> queriesOf; ///< by normalised type name
+    QVector<Access> access;                 ///< of each query
+};
+
+Wanted wantedBy(const QVector<Query>& queries)
+{
+    Wanted wanted;
+    for (int i = 0; i < queries.size(); ++i) {
+        wanted.access.append(accessOf(queries.at(i).rw));
+        for (const QString& type : queries.at(i).types) {
+            QVector<int>& ofType = wanted.queriesOf[normalised(type)];
+            if (!ofType.contains(i)) {
+                ofType.append(i);
+            }
+        }
+    }
+    return wanted;
+}
+
 } // namespace
+
+const QStringList& boolTypes()
+{
+    static const QStringList types = {QStringLiteral("bool"), QStringLiteral("bit")};
+    return types;
+}
+
+const QStringList& integerTypes()
+{
+    static const QStringList types = {QStringLiteral("int8"),   QStringLiteral("uint8"),  QStringLiteral("byte"),
+                                      QStringLiteral("int16"),  QStringLiteral("uint16"), QStringLiteral("word"),
+                                      QStringLiteral("short"),  QStringLiteral("int32"),  QStringLiteral("uint32"),
+                                      QStringLiteral("dword"),  QStringLiteral("int"),    QStringLiteral("int64"),
+                                      QStringLiteral("uint64"), QStringLiteral("long")};
+    return types;
+}
+
+const QStringList& floatTypes()
+{
+    static const QStringList types = {QStringLiteral("float"), QStringLiteral("double")};
+    return types;
+}
+
+const QStringList& numericTypes()
+{
+    static const QStringList types = integerTypes() + floatTypes();
+    return types;
+}
 
 QStringList filter(const QJsonValue& metadata, const QStringList& types, const QString& rw)
 {
-    QSet<QString> wanted;
-    for (const QString& type : types) {
-        wanted.insert(normalised(type));
-    }
-    if (wanted.isEmpty()) {
-        return {};
+    return filter(metadata, QVector<Query>{{types, rw}}).first();
+}
+
+QVector<QStringList> filter(const QJsonValue& metadata, const QVector<Query>& queries)
+{
+    QVector<QStringList> found(queries.size());
+    const Wanted wanted = wantedBy(queries);
+    if (wanted.queriesOf.isEmpty()) {
+        return found;
     }
     if (!metadata.isArray()) {
         qWarning("[corvane][JsonCommon] getRegisterValue is not an array, cannot filter registers by type.");
-        return {};
+        return found;
     }
-    const Access wantedAccess = accessOf(rw);
-    QStringList found;
     bool anyComplete = false;
     const QJsonArray registers = metadata.toArray();
     for (const QJsonValue& value : registers) {
@@ -95,15 +144,17 @@ QStringList filter(const QJsonValue& metadata, const QStringList& types, const Q
         }
         const QJsonObject object = value.toObject();
         const QString type = firstFilled(object, kTypeKeys);
-        const bool typeMatches = wanted.contains(normalised(type));
-        if (anyComplete && !typeMatches) {
+        const QVector<int> wanting = wanted.queriesOf.value(normalised(type));
+        if (anyComplete && wanting.isEmpty()) {
             continue;
         }
         const QString access = firstFilled(object, kAccessKeys);
         const QString name = firstFilled(object, kNameKeys);
         anyComplete = anyComplete || !(type.isEmpty() || access.isEmpty() || name.isEmpty());
-        if (typeMatches && !name.isEmpty() && passes(wantedAccess, access)) {
-            found.append(name);
+        for (const int query : wanting) {
+            if (!name.isEmpty() && passes(wanted.access.at(query), access)) {
+                found[query].append(name);
+            }
         }
     }
     if (!anyComplete) {
@@ -128,6 +179,20 @@ int length(const QJsonValue& metadata, const QString& name, int defaultLen)
         }
     }
     return defaultLen;
+}
+
+QHash<QString, int> lengths(const QJsonValue& metadata)
+{
+    QHash<QString, int> table;
+    const QJsonArray registers = metadata.toArray();
+    for (const QJsonValue& value : registers) {
+        const QJsonObject object = value.toObject();
+        const QString name = asText(object.value(QLatin1String("name"))).trimmed();
+        if (!name.isEmpty() && !table.contains(name)) {
+            table.insert(name, std::max(1, object.value(QLatin1String("len")).toInt(1)));
+        }
+    }
+    return table;
 }
 
 } // namespace registerfilter

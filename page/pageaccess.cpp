@@ -5,8 +5,9 @@
 
 PageAccess accessOf(const QPointer<WeldSettingPage>& settingPage)
 {
+    const QPointer<WeldSettingPage> page = settingPage; // whose pointer it is may be gone after the question
     if (!operatorMayChange()) {
         return PageAccess::Locked;
     }
-    return settingPage && settingPage->getMainBtnStatus() ? PageAccess::ReadOnly : PageAccess::Editable;
+    return page && page->getMainBtnStatus() ? PageAccess::ReadOnly : PageAccess::Editable;
 }

@@ -13,9 +13,6 @@ namespace
 
 constexpr int kFontPoints = 10;
 
-/// Above and below the text of a button together, in pixels: Chinese characters stand higher than a line of the font.
-constexpr int kButtonMargin = 20;
-
 std::unique_ptr<Ui::WeldSettingPage> buildForm(WeldSettingPage* page)
 {
     auto form = std::make_unique<Ui::WeldSettingPage>();
@@ -125,6 +122,9 @@ void WeldSettingPage::loadServerConfigFromJson(const QJsonValue& config)
 
 bool WeldSettingPage::validateLaserCheckTime() const
 {
+    for (QSpinBox* box : {ui->spinBox_feedback_delay, ui->spinBox_laser_check_out_time}) {
+        box->interpretText(); // what is typed and not committed yet is what would be saved
+    }
     if (ui->spinBox_feedback_delay->value() >= ui->spinBox_laser_check_out_time->value()) {
         return true;
     }
@@ -153,10 +153,8 @@ void WeldSettingPage::applySheets()
         setPanelFrameStyle(panel);
     }
     UiScale::applyContentFonts(this, kFontPoints);
-    const QFont font = UiScale::contentFont(this, kFontPoints);
     for (QPushButton* button : {ui->pushButton_cancel, ui->pushButton_save}) {
-        button->setFont(font);
-        button->setMinimumHeight(UiScale::lineHeight(font) + kButtonMargin);
+        setPageButtonStyle(button);
     }
 }
 

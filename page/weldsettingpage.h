@@ -1,7 +1,7 @@
 #ifndef PAGE_WELDSETTINGPAGE_H
 #define PAGE_WELDSETTINGPAGE_H
 
-#include "common/business.h"
+#include "page/pagebusiness.h"
 #include "widgets/formfields.h"
 #include "widgets/stylekey.h"
 
@@ -70,12 +70,11 @@ public slots:
 protected:
     /// Reads catalogue and node anew and derives from them what can be edited. A show while a business is under way
     /// reads nothing; all that is made up for when the business is over, but a refused or unanswered save keeps the
-    /// fields.
+    /// fields. A window that the window system restores keeps the fields, too.
     void showEvent(QShowEvent* event) override;
 
 private:
-    /// What a page that was shown while a business was under way does about its fields when that is over.
-    enum class Fields { Reread, Keep };
+    using Fields = PageBusiness::Fields;
 
     template <typename Work>
     bool conduct(const Work& work);
@@ -99,8 +98,7 @@ private:
     std::unique_ptr<Ui::WeldSettingPage> ui;
     FormFields m_fields;
     StyleSteps m_style;
-    bool m_shownMeanwhile = false; ///< while a business was under way, which then has to be caught up with
-    Business m_business;
+    PageBusiness m_business;
 };
 
 #endif

@@ -13,8 +13,6 @@
 #include <QScopeGuard>
 #include <QShowEvent>
 
-#include <utility>
-
 namespace
 {
 
@@ -23,33 +21,22 @@ constexpr int kSwitchPauseMs = 300;
 
 } // namespace
 
-/// Does some work as the page's only business, and catches up with a show that came meanwhile. False, with nothing
-/// done, while another business is under way.
 template <typename Work>
 bool WeldSettingPage::conduct(const Work& work)
 {
-    const auto turn = m_business.begin();
-    if (!turn) {
-        return false;
-    }
-    m_shownMeanwhile = false;
-    const Fields fields = work(*turn);
-    while (turn->ownerLives() && std::exchange(m_shownMeanwhile, false)) {
-        refresh(*turn, fields);
-    }
-    return true;
+    return m_business.conduct(work, [this](const Business::Turn& turn, Fields fields) { refresh(turn, fields); });
 }
 
 void WeldSettingPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    const bool isOurs = conduct([this](const Business::Turn& turn) {
-        refresh(turn, Fields::Reread);
-        return Fields::Reread;
+    const Fields fields = event->spontaneous() ? Fields::Keep : Fields::Reread;
+    const bool isOurs = conduct([this, fields](const Business::Turn& turn) {
+        refresh(turn, fields);
+        return fields;
     });
     if (!isOurs) {
-        // What is under way may be about to send what the form holds.
-        m_shownMeanwhile = true;
+        m_business.noteShow();
     }
 }
 

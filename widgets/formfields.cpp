@@ -106,7 +106,11 @@ void FormFields::show(const Field& field, const QJsonValue& value)
 QJsonValue FormFields::shown(const Field& field)
 {
     struct Getter {
-        QJsonValue operator()(const QSpinBox* box) const { return box->value(); }
+        QJsonValue operator()(QSpinBox* box) const
+        {
+            box->interpretText(); // the operator may have typed a number and not left the field yet
+            return box->value();
+        }
         QJsonValue operator()(EnableButton* button) const { return button->getIsEnabled(); }
         QJsonValue operator()(const QLineEdit* edit) const { return edit->text(); }
         QJsonValue operator()(const QComboBox* box) const { return box->currentIndex(); }

@@ -62,7 +62,7 @@ public:
     /// Sets every widget silently to its standard value.
     void reset() const;
 
-    /// All members with the widgets' current values.
+    /// All members with the widgets' current values; what is typed and not committed yet counts.
     QJsonObject save() const;
 
 private:

@@ -1,10 +1,12 @@
 #include "widgets/listcombobox.h"
 
+#include "widgets/numberlistmodel.h"
 #include "widgets/uiscale_popup.h"
 
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -14,7 +16,8 @@
 namespace
 {
 
-constexpr int kCharacters = 8; // as in "Weld_DO1"; a form may say another number
+constexpr int kCharacters = 8;       // as in "Weld_DO1"; a form may say another number
+constexpr int kMostListed = 1000000; // what a popup list can lay out before a person loses patience
 
 } // namespace
 
@@ -25,27 +28,47 @@ ListComboBox::ListComboBox(QWidget* parent) : QComboBox(parent)
 
 void ListComboBox::setNames(const QStringList& names)
 {
-    if (m_names != nullptr && m_names->names() == names) {
-        setNames(m_names);
-    } else {
-        setNames(QSharedPointer<NameListModel>::create(names));
-    }
+    const auto offered = m_entries.dynamicCast<NameListModel>();
+    const bool isOffered = offered != nullptr && offered->names() == names;
+    setNames(isOffered ? offered : QSharedPointer<NameListModel>::create(names));
 }
 
 void ListComboBox::setNames(const QSharedPointer<NameListModel>& names)
 {
-    if (names == nullptr) {
+    setEntries(names);
+}
+
+void ListComboBox::setNumbers(int count)
+{
+    const int most = qMax(count, 1);
+    const bool isOffered = m_entries.dynamicCast<NumberListModel>() != nullptr && m_entries->rowCount() == most;
+    setEntries(isOffered ? m_entries : QSharedPointer<NumberListModel>::create(most));
+}
+
+/// Offers other entries and selects the first; null is ignored.
+void ListComboBox::setEntries(const QSharedPointer<QAbstractItemModel>& entries)
+{
+    if (entries == nullptr) {
         return;
     }
     const QSignalBlocker silent(this);
-    if (model() != names.data()) {
-        const std::unique_ptr<QItemSelectionModel> former(view()->selectionModel());
-        setModel(names.data());
-        m_names = names; // only now: the former list may end here
-        // Even a list that is not on the screen lays out all entries when a style or a font changes.
-        setListModel(nullptr);
+    if (model() != entries.data()) {
+        const QAbstractItemView* list = madeList();
+        const std::unique_ptr<QItemSelectionModel> former(list != nullptr ? list->selectionModel() : nullptr);
+        setModel(entries.data());
+        m_entries = entries; // only now: the former list may end here
+        if (list != nullptr) {
+            // Even a list that is not on the screen lays out all entries when a style or a font changes.
+            setListModel(nullptr);
+        }
     }
     setCurrentIndex(0);
+}
+
+/// The popup list, if there is one yet: view() would make it, and every widget costs when a page is styled.
+QAbstractItemView* ListComboBox::madeList() const
+{
+    return findChild<QAbstractItemView*>();
 }
 
 void ListComboBox::setListModel(QAbstractItemModel* listed)
@@ -72,12 +95,19 @@ QSize ListComboBox::minimumSizeHint() const
 
 void ListComboBox::showPopup()
 {
+    if (count() > kMostListed) {
+        return;
+    }
     prepareList();
     QComboBox::showPopup();
 }
 
 void ListComboBox::keyPressEvent(QKeyEvent* event)
 {
+    if (count() > kMostListed) {
+        event->ignore(); // the list would be laid out for it
+        return;
+    }
     prepareList(); // a typed letter is searched for in the popup list, open or not
     QComboBox::keyPressEvent(event);
 }

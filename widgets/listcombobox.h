@@ -6,9 +6,12 @@
 #include <QComboBox>
 #include <QSharedPointer>
 
-/// A combo box whose list may be 100,000 names long: nothing but opening it, and looking a text up, takes longer with
-/// a longer list. It measures none of its entries but is as wide as minimumContentsLength() characters (8 unless set),
-/// whatever its size policy says, and lays out its popup list only when that is opened. Not to be made editable.
+class QAbstractItemView;
+
+/// A combo box whose list may be 100,000 entries long: nothing but opening it, and looking a text up, takes longer with
+/// a longer list; one of more than a million entries does not open. It measures none of its entries but is as wide as
+/// minimumContentsLength() characters (8 unless set), whatever its size policy says, and lays out its popup list only
+/// when that is opened. Not to be made editable.
 class ListComboBox : public QComboBox
 {
     Q_OBJECT
@@ -23,6 +26,9 @@ public:
     /// The same with a list that other combo boxes share; null is ignored.
     void setNames(const QSharedPointer<NameListModel>& names);
 
+    /// Offers the numbers from 1 to count, at least 1, and selects the first. Silent.
+    void setNumbers(int count);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override; ///< The same as sizeHint.
     void showPopup() override;
@@ -32,10 +38,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void setEntries(const QSharedPointer<QAbstractItemModel>& entries);
+    QAbstractItemView* madeList() const;
     void setListModel(QAbstractItemModel* listed);
     void prepareList();
 
-    QSharedPointer<NameListModel> m_names;
+    QSharedPointer<QAbstractItemModel> m_entries;
 };
 
 #endif

@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLayout>
+#include <QPushButton>
 #include <QSpacerItem>
 #include <QTabWidget>
 
@@ -43,6 +44,9 @@ constexpr char kDetailTabSheet[] =
     R"(QTabBar::tab:selected{background:#224d75;color:white;})";
 
 constexpr int kPanelFontPoints = 10;
+
+/// Above and below the text of a button together, in pixels: Chinese characters stand higher than a line of the font.
+constexpr int kButtonMargin = 20;
 constexpr int kLowCombo = 31; ///< the greatest height, in pixels, of a combo box with the narrow arrow
 
 /// Corner radius and arrow width of a combo box, in pixels.
@@ -119,9 +123,24 @@ void setGroupBoxDetailCompactStyle(QGroupBox* box)
     setStyleSheetOnce(box, UiScale::scaleStylesheet(sheet, box));
 }
 
+QString detailTabStyleSheet()
+{
+    return QString::fromLatin1(kDetailTabSheet);
+}
+
 void setDetailTabStyle(QTabWidget* tabs)
 {
-    setStyleSheetOnce(tabs, UiScale::scaleStylesheet(QString::fromLatin1(kDetailTabSheet), tabs));
+    setStyleSheetOnce(tabs, UiScale::scaleStylesheet(detailTabStyleSheet(), tabs));
+}
+
+void setPageButtonStyle(QPushButton* button)
+{
+    if (button == nullptr) {
+        return;
+    }
+    const QFont font = UiScale::contentFont(button, kPanelFontPoints);
+    button->setFont(font);
+    button->setMinimumHeight(UiScale::lineHeight(font) + kButtonMargin);
 }
 
 void setPanelFrameStyle(QFrame* frame)

@@ -7,6 +7,7 @@ class QComboBox;
 class QFrame;
 class QGroupBox;
 class QLayout;
+class QPushButton;
 class QTabWidget;
 class QWidget;
 
@@ -30,8 +31,14 @@ void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height);
 /// The dense group box of the welding-parameter form, with its title on the frame. Ignores null.
 void setGroupBoxDetailCompactStyle(QGroupBox* box);
 
-/// The tabs of the welding-parameter form. Ignores null.
+/// The sheet of the tabs of a configuration page, undamped.
+QString detailTabStyleSheet();
+
+/// Gives the tabs of the welding-parameter form that sheet. Ignores null.
 void setDetailTabStyle(QTabWidget* tabs);
+
+/// The font and the least height of the buttons below a configuration page. Ignores null.
+void setPageButtonStyle(QPushButton* button);
 
 /// The rounded panel around a group of settings, with its labels, spin boxes and combo boxes. Ignores null.
 void setPanelFrameStyle(QFrame* frame);

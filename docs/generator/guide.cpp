@@ -79,9 +79,11 @@ constexpr AnswerRow kAnswers[] = {
      "Whole number. 0: done; any other: failed, and the operator is told. What is no whole number of 32 bits, a text "
      "too, counts as 0. The first element that answers the command counts; when none does, a line is logged and the "
      "operator is told nothing."},
-    {Answer::AnyCode, "any code",
-     "Number, its fraction cut off; or a text with a whole number; or a boolean, `true` being 1. 0: done; any other: "
-     "failed, and the operator is told. Only the first element counts; what can't be read, and no answer, count as 0."},
+    {Answer::ReadCode, "read code",
+     "Number, its fraction cut off; or a text with a whole number; or a boolean, `true` being 1. 0, and what can't be "
+     "read: done; any other: failed, and the operator is told. The first element that answers the command counts; when "
+     "none does, the operator is told that there was no answer."},
+    {Answer::AnyCode, "any code", "The same, but only the first element counts, and no answer counts as 0."},
     {Answer::Done, "done",
      "Boolean. `true`: done; anything else, a number or no answer too: refused, and the operator is told. Only the "
      "first element counts."},

@@ -1,6 +1,8 @@
 #include "docs/generator/nodeforms.h"
 
+#include "docs/generator/ioform.h"
 #include "page/buttonmonitorpage/buttonmonitorpage.h"
+#include "page/weldiopage.h"
 #include "page/weldsettingfields.h"
 #include "page/weldsettingpage.h"
 
@@ -167,7 +169,9 @@ NodeForm flatNode(const names::node::Node& node, const names::command::Command& 
 QVector<NodeForm> nodeForms()
 {
     const WeldSettingPage setting(nullptr);
-    return {flatNode(names::node::kWeldSetting, names::command::kSetWeldSetting, membersOf(setting, kSettingFields))};
+    const WeldioPage io(nullptr, nullptr);
+    return {flatNode(names::node::kWeldSetting, names::command::kSetWeldSetting, membersOf(setting, kSettingFields)),
+            flatNode(names::node::kWeldIo, names::command::kSetWeldIo, ioMembers(io))};
 }
 
 QVector<MonitorValue> monitorValues()

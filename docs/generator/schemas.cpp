@@ -86,6 +86,7 @@ QJsonObject returnSchema(Answer answer)
     switch (answer) {
     case Answer::Code:
         return number;
+    case Answer::ReadCode:
     case Answer::AnyCode:
         return {{"anyOf",
                  QJsonArray{number, QJsonObject{{"type", "string"}, {"pattern", "^-?[0-9]+$"}}, typed("boolean")}}};

@@ -536,6 +536,181 @@ LsParaMatchOff()，无参数</translation>
     </message>
 </context>
 <context>
+    <name>WeldioPage</name>
+    <message>
+        <source>I/O output</source>
+        <translation>I/O 输出</translation>
+    </message>
+    <message>
+        <source>NO.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Assign</source>
+        <translation>分配</translation>
+    </message>
+    <message>
+        <source>ENB/DIS</source>
+        <translation>使能</translation>
+    </message>
+    <message>
+        <source>I/O Input</source>
+        <translation>I/O 输入</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Laser on</source>
+        <translation>激光开启</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>功率</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>频率</translation>
+    </message>
+    <message>
+        <source>Duty</source>
+        <translation>占空比</translation>
+    </message>
+    <message>
+        <source>Guide laser</source>
+        <translation>红光</translation>
+    </message>
+    <message>
+        <source>Assist Gas</source>
+        <translation>保护气</translation>
+    </message>
+    <message>
+        <source>Wire speed</source>
+        <translation>送丝速度</translation>
+    </message>
+    <message>
+        <source>Wire feed on</source>
+        <translation>送丝开启</translation>
+    </message>
+    <message>
+        <source>Wire back feed</source>
+        <translation>退丝</translation>
+    </message>
+    <message>
+        <source>Manual feed on</source>
+        <translation>手动送丝</translation>
+    </message>
+    <message>
+        <source>Manual feed BWD</source>
+        <translation>手动退丝</translation>
+    </message>
+    <message>
+        <source>Adhesion Detection Enable</source>
+        <translation>粘丝检测使能</translation>
+    </message>
+    <message>
+        <source>Descent signal</source>
+        <translation>下降信号</translation>
+    </message>
+    <message>
+        <source>Swing JOB</source>
+        <translation>摆动 JOB</translation>
+    </message>
+    <message>
+        <source>Process JOB</source>
+        <translation>工艺 JOB</translation>
+    </message>
+    <message>
+        <source>Laser power</source>
+        <translation>激光功率</translation>
+    </message>
+    <message>
+        <source>Laser feedback</source>
+        <translation>出光反馈</translation>
+    </message>
+    <message>
+        <source>Laser alarm</source>
+        <translation>激光报警</translation>
+    </message>
+    <message>
+        <source>Gas detect</source>
+        <translation>气体检测</translation>
+    </message>
+    <message>
+        <source>Wire speed feedback</source>
+        <translation>送丝速度反馈</translation>
+    </message>
+    <message>
+        <source>Wire feedback</source>
+        <translation>送丝反馈</translation>
+    </message>
+    <message>
+        <source>Wire feeder alarm</source>
+        <translation>送丝机报警</translation>
+    </message>
+    <message>
+        <source>Adhesion Detection Feedback</source>
+        <translation>粘丝检测反馈</translation>
+    </message>
+    <message>
+        <source>Welder Ready</source>
+        <translation>焊机就绪</translation>
+    </message>
+    <message>
+        <source>Cancel successful</source>
+        <translation>取消成功</translation>
+    </message>
+    <message>
+        <source>There is an empty port. Please check and reconfigure!</source>
+        <translation>存在空白端口，请检查并重新配置!</translation>
+    </message>
+    <message>
+        <source>Current status does not allow saving I/O configuration.</source>
+        <translation>当前状态不允许保存 I/O 配置。</translation>
+    </message>
+    <message>
+        <source>Save failed. No response from controller.</source>
+        <translation>保存失败。控制器无响应。</translation>
+    </message>
+    <message>
+        <source>Saved successfully</source>
+        <translation>保存成功</translation>
+    </message>
+    <message>
+        <source>Save failed. Please check the parameter configuration.</source>
+        <translation>保存失败，请检查参数配置</translation>
+    </message>
+    <message>
+        <source>writable register</source>
+        <translation>可写寄存器</translation>
+    </message>
+    <message>
+        <source>readable register</source>
+        <translation>可读寄存器</translation>
+    </message>
+    <message>
+        <source>Signal %1: register &quot;%2&quot; is invalid or has wrong read/write permission, expected %3.</source>
+        <translation>信号 %1：寄存器「%2」不可用或读写权限不符，需要 %3。</translation>
+    </message>
+    <message>
+        <source>Port %1 is already in use, save failed!</source>
+        <translation>端口 %1 已经被占用，保存失败!</translation>
+    </message>
+</context>
+<context>
     <name>pendix::Corvane</name>
     <message>
         <source>Laser Welding</source>

@@ -1,0 +1,247 @@
+// What the page asks of the controller and tells it: show, save, cancel and a changed type.
+#include "common/commandresult.h"
+#include "common/controller.h"
+#include "common/logline.h"
+#include "common/names.h"
+#include "common/operatormessage.h"
+#include "page/weldiopage.h"
+#include "page/weldsettingpage.h"
+#include "ui_weldiopage.h"
+#include "widgets/listcombobox.h"
+#include "widgets/uiscale.h"
+
+#include <QLabel>
+#include <QShowEvent>
+
+#include <utility>
+
+template <typename Work>
+bool WeldioPage::conduct(const Work& work)
+{
+    return m_business.conduct(
+        [this, &work](const Business::Turn& turn) {
+            const Fields fields = work(turn);
+            offerDuePorts(turn);
+            return fields;
+        },
+        [this](const Business::Turn& turn, Fields fields) {
+            refresh(turn, fields);
+            offerDuePorts(turn);
+        });
+}
+
+void WeldioPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    const Fields fields = event->spontaneous() ? Fields::Keep : Fields::Reread;
+    const bool isOurs = conduct([this, fields](const Business::Turn& turn) {
+        refresh(turn, fields);
+        return fields;
+    });
+    if (!isOurs) {
+        m_business.noteShow();
+    }
+}
+
+void WeldioPage::refresh(const Business::Turn& turn, Fields fields)
+{
+    if (fields == Fields::Reread) {
+        PortLists lists(m_knownLists);
+        lists.readRegisters();
+        const QJsonValue config =
+            turn.ownerLives() ? controller::readNode(QLatin1String(names::node::kWeldIo)) : QJsonValue();
+        if (!turn.ownerLives() || !offerPorts(allRows(), lists) || !load(config, lists)) {
+            return;
+        }
+    }
+    initStyle();
+    m_retractDirection->nameLabel->setText(
+        translateIoRowName(QLatin1String(kRetractDirectionKey), m_retractDirection->signal->name));
+    scheduleIoLayoutRefresh(true);
+    applyIoPageOperateStatus();
+}
+
+void WeldioPage::initComBox()
+{
+    PortLists lists(m_knownLists);
+    offerPorts(allRows(), lists);
+}
+
+/// Gives rows the ports of their types. False if the page has gone meanwhile.
+bool WeldioPage::offerPorts(const std::vector<WeldIoRow>& rows, PortLists& lists)
+{
+    const Business::Watch watch = m_business.watch();
+    for (const WeldIoRow& row : rows) {
+        lists.ask(*row.signal->portKind, row.typeIndex());
+        if (!watch.ownerLives()) {
+            return false;
+        }
+    }
+    for (const WeldIoRow& row : rows) {
+        // The operator may have changed a type while the host was asked for the ports of another row.
+        if (const auto ports = lists.offered(*row.signal->portKind, row.typeIndex())) {
+            row.offerPorts(ports);
+        } else {
+            m_rowsWithoutPorts.push_back(row);
+        }
+    }
+    return true;
+}
+
+void WeldioPage::offerDuePorts(const Business::Turn& turn)
+{
+    while (turn.ownerLives() && !m_rowsWithoutPorts.empty()) {
+        PortLists lists(m_knownLists);
+        offerPorts(std::exchange(m_rowsWithoutPorts, {}), lists);
+    }
+}
+
+void WeldioPage::onTypeChanged(const WeldIoRow& row)
+{
+    row.clearPorts();
+    m_rowsWithoutPorts.push_back(row);
+    // While another business is under way, that one offers the ports at its end.
+    conduct([](const Business::Turn& /*turn*/) { return Fields::Reread; });
+}
+
+void WeldioPage::loadWeldIOConfigFromJson(const QJsonValue& config)
+{
+    PortLists lists(m_knownLists);
+    load(config, lists);
+}
+
+/// Shows a node. False if the page has gone meanwhile.
+bool WeldioPage::load(const QJsonValue& config, PortLists& lists)
+{
+    if (!config.isObject()) {
+        return true;
+    }
+    const Business::Watch watch = m_business.watch();
+    const QJsonObject node = config.toObject();
+    const std::vector<WeldIoRow> rows = allRows();
+    std::vector<Assignment> stored;
+    for (const WeldIoRow& row : rows) {
+        stored.push_back(storedAssignment(*row.signal, node));
+        lists.ask(*row.signal->portKind, typeIndexOf(*row.signal->portKind, stored.back().serverType));
+        if (!watch.ownerLives()) {
+            return false;
+        }
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const PortKind& kind = *rows[i].signal->portKind;
+        rows[i].show(stored[i], lists.offered(kind, typeIndexOf(kind, stored[i].serverType)));
+    }
+    m_rowsWithoutPorts.clear();
+    return true;
+}
+
+/// Reads the node, shows it and derives what can be edited. False if the page has gone meanwhile.
+bool WeldioPage::reload(const Business::Turn& turn, PortLists& lists)
+{
+    const QJsonValue config = controller::readNode(QLatin1String(names::node::kWeldIo));
+    if (!turn.ownerLives() || !load(config, lists)) {
+        return false;
+    }
+    applyIoPageOperateStatus();
+    return turn.ownerLives();
+}
+
+void WeldioPage::applyIoPageOperateStatus()
+{
+    const Business::Watch watch = m_business.watch();
+    const PageAccess access = accessOf(m_settingPage);
+    if (watch.ownerLives()) {
+        applyAccess(access);
+    }
+}
+
+void WeldioPage::cancel()
+{
+    conduct([this](const Business::Turn& turn) {
+        PortLists lists(m_knownLists);
+        if (reload(turn, lists)) {
+            tellOperator(pendix::information, tr("Cancel successful"));
+        }
+        return Fields::Keep;
+    });
+}
+
+bool WeldioPage::saveWeldIoConfig()
+{
+    bool isAccepted = false;
+    conduct([this, &isAccepted](const Business::Turn& turn) {
+        isAccepted = saveNow(turn);
+        return Fields::Keep;
+    });
+    return isAccepted;
+}
+
+bool WeldioPage::saveNow(const Business::Turn& turn)
+{
+    if (!maySave()) {
+        return false;
+    }
+    // One snapshot: what is judged is what is sent.
+    const AssignedSignals outputs = m_outputs->values();
+    const AssignedSignals inputs = m_inputs->values();
+    const QJsonObject command = saveWeldIOConfigToJson();
+    PortLists lists(m_knownLists);
+    if (!tablePasses(outputs, lists) || !turn.ownerLives() || !tablePasses(inputs, lists) || !turn.ownerLives()) {
+        return false;
+    }
+    if (hasEmptyPort(outputs) || hasEmptyPort(inputs)) {
+        tellOperator(pendix::error, tr("There is an empty port. Please check and reconfigure!"));
+        return false;
+    }
+    if (!maySave()) {
+        return false;
+    }
+    const QJsonArray result = controller::sendCommand(this, command);
+    if (!turn.ownerLives() || !checkSaveResult(result, QLatin1String(names::command::kSetWeldIo))) {
+        return false;
+    }
+    if (turn.ownerLives()) {
+        reload(turn, lists);
+    }
+    return true;
+}
+
+/// Whether the operator may save now; tells them if not.
+bool WeldioPage::maySave()
+{
+    // A page that was shown disabled stays so until it is shown again.
+    if (isEnabled()) {
+        const Business::Watch watch = m_business.watch();
+        const PageAccess access = accessOf(m_settingPage);
+        if (!watch.ownerLives()) {
+            return false;
+        }
+        if (isEnabled() && access == PageAccess::Editable) {
+            return true;
+        }
+        if (isEnabled()) {
+            applyAccess(access);
+        }
+    }
+    tellOperator(pendix::warning, tr("Current status does not allow saving I/O configuration."));
+    return false;
+}
+
+bool WeldioPage::checkSaveResult(const QJsonArray& result, const QString& key)
+{
+    const QString log = QStringLiteral("WeldioPage::checkSaveResult failed. ");
+    const std::optional<QJsonValue> answer = findReturn(result, key);
+    if (!answer) {
+        tellOperator(pendix::error, tr("Save failed. No response from controller."));
+        if (result.isEmpty()) {
+            logLine(LogLevel::Error) << log + QLatin1String("empty response for ") << key;
+        } else {
+            logLine(LogLevel::Error) << log + QLatin1String("not found ") << key << " Result";
+        }
+        return false;
+    }
+    const int code = returnCode(*answer);
+    reportOutcome({code == 0 ? Outcome::Kind::Done : Outcome::Kind::Refused, code},
+                  {tr("Saved successfully"), tr("Save failed. Please check the parameter configuration."), log}, key);
+    return code == 0;
+}
