@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QResizeEvent>
-#include <QTimer>
 
 #include <utility>
 
@@ -63,6 +62,11 @@ void WeldioPage::initConnect()
     connect(ui->pushButton_Save, &QPushButton::clicked, this, &WeldioPage::saveWeldIoConfig);
     connect(ui->pushButton_Cancel, &QPushButton::clicked, this, &WeldioPage::cancel);
     connect(ui->tabWidget_io, &QTabWidget::currentChanged, this, [this] { scheduleIoLayoutRefresh(false); });
+    // A timer of the page's own: one that outlives the page would outlive the plug-in, and its code.
+    m_layoutRefresh.setSingleShot(true);
+    m_layoutRefresh.setInterval(kRefreshDelayMs);
+    connect(&m_layoutRefresh, &QTimer::timeout, this,
+            [this] { refreshIoLayout(std::exchange(m_layoutRefreshIsFull, false)); });
     for (const WeldIoRow& row : allRows()) {
         const auto indexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
         connect(row.typeCombo, indexChanged, this, [this, row] { onTypeChanged(row); });
@@ -137,6 +141,7 @@ void WeldioPage::applyAccess(PageAccess access)
 
 void WeldioPage::initStyle()
 {
+    UiScale::applyExpandingPage(this);
     if (m_style.sheetsAreDue(this)) {
         applySheets();
         scheduleIoLayoutRefresh(true);
@@ -160,12 +165,9 @@ void WeldioPage::applySheets()
 
 void WeldioPage::scheduleIoLayoutRefresh(bool full)
 {
-    m_refreshIsFull = m_refreshIsFull || full;
-    if (!std::exchange(m_refreshIsPending, true)) {
-        QTimer::singleShot(kRefreshDelayMs, this, [this] {
-            m_refreshIsPending = false;
-            refreshIoLayout(std::exchange(m_refreshIsFull, false));
-        });
+    m_layoutRefreshIsFull = m_layoutRefreshIsFull || full;
+    if (!m_layoutRefresh.isActive()) {
+        m_layoutRefresh.start();
     }
 }
 

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -124,8 +125,8 @@ private:
     const WeldIoRow* m_retractDirection = nullptr;
     QSharedPointer<KnownPortLists> m_knownLists = QSharedPointer<KnownPortLists>::create();
     std::vector<WeldIoRow> m_rowsWithoutPorts; ///< their types have changed, and the host was not asked yet
-    bool m_refreshIsPending = false;
-    bool m_refreshIsFull = false;
+    QTimer m_layoutRefresh;                    ///< runs while a refresh of the layout is pending
+    bool m_layoutRefreshIsFull = false;
     StyleSteps m_style;
     PageBusiness m_business;
 };

@@ -42,14 +42,9 @@ KnownPortLists::List KnownPortLists::ofRegisters(RegisterKind kind, const QStrin
 
 void PortLists::readRegisters()
 {
-    if (m_registerNames) {
-        return;
-    }
-    const QJsonValue metadata = controller::registerMetadata();
-    registerlengths::renew(metadata);
-    m_registerNames = registerfilter::filter(metadata, registerQueries());
-    for (QStringList& names : *m_registerNames) {
-        names.removeDuplicates();
+    if (!m_metadata) {
+        m_metadata = controller::registerMetadata();
+        registerlengths::renew(*m_metadata);
     }
 }
 
@@ -57,10 +52,22 @@ void PortLists::ask(const PortKind& kind, int typeIndex)
 {
     const IoType* io = kind.ioType(typeIndex);
     if (io == nullptr) {
-        readRegisters();
+        askForRegisters();
     } else if (!m_points.contains(io)) {
         const QStringList names = io->points(); // first: the host may spin the event loop
         m_points.insert(io, m_known->ofPoints(io, names));
+    }
+}
+
+void PortLists::askForRegisters()
+{
+    if (!m_registerNames.isEmpty()) {
+        return;
+    }
+    readRegisters();
+    m_registerNames = registerfilter::filter(*m_metadata, registerQueries());
+    for (QStringList& names : m_registerNames) {
+        names.removeDuplicates();
     }
 }
 
@@ -70,6 +77,6 @@ KnownPortLists::List PortLists::offered(const PortKind& kind, int typeIndex) con
     if (io != nullptr) {
         return m_points.value(io);
     }
-    return m_registerNames ? m_known->ofRegisters(kind.registers, m_registerNames->at(static_cast<int>(kind.registers)))
-                           : nullptr;
+    const int registers = static_cast<int>(kind.registers);
+    return m_registerNames.isEmpty() ? nullptr : m_known->ofRegisters(kind.registers, m_registerNames.at(registers));
 }

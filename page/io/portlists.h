@@ -6,6 +6,7 @@
 #include "widgets/namelistmodel.h"
 
 #include <QHash>
+#include <QJsonValue>
 #include <QSharedPointer>
 
 #include <array>
@@ -53,9 +54,12 @@ public:
     KnownPortLists::List offered(const PortKind& kind, int typeIndex) const;
 
 private:
+    void askForRegisters();
+
     QSharedPointer<KnownPortLists> m_known;
     QHash<const IoType*, KnownPortLists::List> m_points;
-    std::optional<QVector<QStringList>> m_registerNames; ///< by RegisterKind, not sorted
+    std::optional<QJsonValue> m_metadata;
+    QVector<QStringList> m_registerNames; ///< by RegisterKind, not sorted; empty: not asked for
 };
 
 #endif
