@@ -271,13 +271,15 @@ void PendantWindow::applyStyle(const LoadResult& result)
 void PendantWindow::keepState(const QString& file)
 {
     const auto save = [this, file] {
-        const QString reason = saveState(file, m_controller->nodes(), m_controller->points());
+        const QString reason =
+            saveState(file, m_controller->nodes(), m_controller->points(), m_controller->registers());
         if (!reason.isEmpty()) {
             notice(tr("the state file %1 could not be written: %2").arg(file, reason));
         }
     };
     connect(m_controller, &SimulatedController::nodesStored, this, save);
     connect(m_controller, &SimulatedController::pointsChanged, this, save);
+    connect(m_controller, &SimulatedController::registersChanged, this, save);
 }
 
 void PendantWindow::notice(const QString& text)
