@@ -3,6 +3,7 @@
 #include "simulator/buttonstrip.h"
 #include "simulator/controllerpanel.h"
 #include "simulator/framefont.h"
+#include "simulator/iopanel.h"
 #include "simulator/journalview.h"
 #include "simulator/messagearea.h"
 #include "simulator/monitorowner.h"
@@ -233,6 +234,7 @@ QTabWidget* PendantWindow::createInspector()
     inspector->addTab(scroll, tr("Controller"));
     inspector->addTab(new NodesPanel(m_controller, inspector), tr("Nodes"));
     inspector->addTab(new PointsPanel(m_controller, inspector), tr("Points"));
+    inspector->addTab(new IoPanel(m_controller, inspector), tr("I/O"));
     return inspector;
 }
 
