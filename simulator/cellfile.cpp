@@ -3,6 +3,7 @@
 #include "simulator/confignodes.h"
 #include "simulator/jsonfile.h"
 #include "simulator/pointlist.h"
+#include "simulator/registerlist.h"
 
 namespace sim
 {
@@ -42,17 +43,6 @@ QStringList readNames(NameCheck& check, const QJsonValue& value, const JsonPath&
         }
     }
     return names;
-}
-
-QJsonArray readRegisters(NameCheck& check, const QJsonValue& value, const JsonPath& path)
-{
-    QJsonArray registers = value.toArray();
-    const QString name = QStringLiteral("name");
-    QSet<QString> known;
-    for (int i = 0; !check.fault() && i < registers.size(); ++i) {
-        check.another(check.name(registers.at(i)[name], path / i / name), path / i / name, &known);
-    }
-    return registers;
 }
 
 /// The points of a cell, which are meant for its own tools and work objects.

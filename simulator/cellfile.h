@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 #include <QVector>
 
@@ -27,6 +28,7 @@ struct Cell {
     QJsonObject hostSettings;      ///< settings of the pendant itself by name
     QMap<QString, QStringList> io; ///< signal names by type: DI DO AI AO GI GO
     QJsonArray registers;          ///< one object per register: name, type, rw, len
+    QSet<QString> withdrawn;       ///< names of the registers that the controller does not publish
     QVector<RobotPoint> points;    ///< each with a tool and a work object of this cell
     Pose position;                 ///< the robot's
     QStringList tools;

@@ -108,8 +108,7 @@ std::optional<Cell> readCellAndState(const Options& options)
     if (cell && !options.stateFile.isEmpty()) {
         const std::optional<State> state = loadState(options.stateFile, &fault);
         if (state) {
-            cell->nodes = state->nodes.value_or(cell->nodes);
-            cell->points = state->points.value_or(cell->points);
+            restoreState(*state, &*cell);
         } else {
             cell.reset();
         }

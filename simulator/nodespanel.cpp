@@ -87,7 +87,7 @@ QJsonValue NodesPanel::content(const QString& name) const
     }
     const QJsonObject rest = {
         {QStringLiteral("values"), m_controller->values()},
-        {QStringLiteral("registers"), cell.registers},
+        {QStringLiteral("registers"), m_controller->registers()},
         {QStringLiteral("points"), pointsToJson(m_controller->points())},
         {QStringLiteral("tools"), QJsonArray::fromStringList(cell.tools)},
         {QStringLiteral("wobjs"), QJsonArray::fromStringList(cell.wobjs)},

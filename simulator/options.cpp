@@ -25,7 +25,7 @@ struct OptionSet {
                             tr("Starting content of the cell (default: cell.json beside the program)."),
                             QStringLiteral("FILE")};
     QCommandLineOption state{QStringLiteral("state"),
-                             tr("Keep the configuration nodes and the points in FILE from run to run."),
+                             tr("Keep the configuration nodes, the points and the registers in FILE from run to run."),
                              QStringLiteral("FILE")};
     QCommandLineOption plugin{
         QStringLiteral("plugin"),

@@ -3,6 +3,7 @@
 #include "simulator/buttonstrip.h"
 #include "simulator/controllerpanel.h"
 #include "simulator/framefont.h"
+#include "simulator/iopanel.h"
 #include "simulator/journalview.h"
 #include "simulator/messagearea.h"
 #include "simulator/monitorowner.h"
@@ -233,6 +234,7 @@ QTabWidget* PendantWindow::createInspector()
     inspector->addTab(scroll, tr("Controller"));
     inspector->addTab(new NodesPanel(m_controller, inspector), tr("Nodes"));
     inspector->addTab(new PointsPanel(m_controller, inspector), tr("Points"));
+    inspector->addTab(new IoPanel(m_controller, inspector), tr("I/O"));
     return inspector;
 }
 
@@ -271,13 +273,15 @@ void PendantWindow::applyStyle(const LoadResult& result)
 void PendantWindow::keepState(const QString& file)
 {
     const auto save = [this, file] {
-        const QString reason = saveState(file, m_controller->nodes(), m_controller->points());
+        const QString reason =
+            saveState(file, m_controller->nodes(), m_controller->points(), m_controller->registers());
         if (!reason.isEmpty()) {
             notice(tr("the state file %1 could not be written: %2").arg(file, reason));
         }
     };
     connect(m_controller, &SimulatedController::nodesStored, this, save);
     connect(m_controller, &SimulatedController::pointsChanged, this, save);
+    connect(m_controller, &SimulatedController::registersChanged, this, save);
 }
 
 void PendantWindow::notice(const QString& text)

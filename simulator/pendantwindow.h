@@ -46,7 +46,7 @@ public:
     /// Shows the pages of a loaded plug-in, or why it did not load.
     void addPlugin(const LoadResult& result);
 
-    /// Writes nodes and points to a file whenever one of them was stored; a failure becomes a notice.
+    /// Writes nodes, points and registers to a file whenever one of them was stored; a failure becomes a notice.
     void keepState(const QString& file);
 
     /// Something that the simulator itself has to say: shown until dismissed and kept in the journal.

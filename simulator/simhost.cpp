@@ -1,5 +1,6 @@
 #include "simulator/simhost.h"
 
+#include "simulator/registerlist.h"
 #include "simulator/widgetexchange.h"
 
 #include <QWidget>
@@ -179,8 +180,8 @@ QStringList SimHost::getIOByType(const QString& type)
 QHash<QString, QStringList> SimHost::getRegisterHash()
 {
     QStringList names;
-    for (const QJsonValue& entry : m_controller->cell().registers) {
-        names.append(entry.toObject().value(QLatin1String("name")).toString());
+    for (const QJsonValue entry : m_controller->registers()) {
+        names.append(nameOfRegister(entry));
     }
     QHash<QString, QStringList> hash;
     for (const QString& name : readList(tr("register names"), names)) {
@@ -192,7 +193,7 @@ QHash<QString, QStringList> SimHost::getRegisterHash()
 QJsonValue SimHost::getRegisterValue()
 {
     QJsonValue value =
-        m_controller->isConnected() ? QJsonValue(m_controller->cell().registers) : QJsonValue(QJsonValue::Undefined);
+        m_controller->isConnected() ? QJsonValue(m_controller->registers()) : QJsonValue(QJsonValue::Undefined);
     m_journal->addRead(tr("register descriptions"), value);
     return value;
 }

@@ -3,6 +3,7 @@
 #include "simulator/confignodes.h"
 #include "simulator/monitorstream.h"
 #include "simulator/namecheck.h"
+#include "simulator/registerlist.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -115,6 +116,57 @@ QString SimulatedController::addPoint(const QString& name, bool overwrite, const
         emit pointRefused(name, obstacle);
     }
     return obstacle;
+}
+
+QJsonArray SimulatedController::registers() const
+{
+    if (m_cell.withdrawn.isEmpty()) {
+        return m_cell.registers;
+    }
+    QJsonArray published;
+    for (const QJsonValue entry : m_cell.registers) {
+        if (!m_cell.withdrawn.contains(nameOfRegister(entry))) {
+            published.append(entry);
+        }
+    }
+    return published;
+}
+
+bool SimulatedController::isPublished(int place) const
+{
+    return place >= 0 && place < m_cell.registers.size() &&
+           !m_cell.withdrawn.contains(nameOfRegister(m_cell.registers.at(place)));
+}
+
+void SimulatedController::setRegisterPublished(int place, bool published)
+{
+    if (place < 0 || place >= m_cell.registers.size() || isPublished(place) == published) {
+        return;
+    }
+    const QString name = nameOfRegister(m_cell.registers.at(place));
+    if (published) {
+        m_cell.withdrawn.remove(name);
+    } else {
+        m_cell.withdrawn.insert(name);
+    }
+    emit dataChanged();
+    emit registersChanged(place);
+}
+
+void SimulatedController::setRegisterAccess(int place, const QString& access)
+{
+    // What a state file could not give back is not taken in.
+    if (place < 0 || place >= m_cell.registers.size() || !accessWords().contains(access)) {
+        return;
+    }
+    const QString member = QLatin1String(registermember::kAccess);
+    QJsonObject changed = m_cell.registers.at(place).toObject();
+    if (changed.value(member) != access) {
+        changed.insert(member, access);
+        m_cell.registers.replace(place, changed);
+        emit dataChanged();
+        emit registersChanged(place);
+    }
 }
 
 void SimulatedController::setPosition(const Pose& position)

@@ -3,6 +3,7 @@
 #include "simulator/confignodes.h"
 #include "simulator/jsonfile.h"
 #include "simulator/pointlist.h"
+#include "simulator/registerlist.h"
 #include "simulator/wholefile.h"
 
 #include <QFileInfo>
@@ -15,8 +16,10 @@ namespace
 {
 constexpr char kNodes[] = "nodes";
 constexpr char kPoints[] = "points";
+constexpr char kRegisters[] = "registers";
 
-/// The schema of the cell has that of a state among its definitions, with which it shares nodes and points.
+/// The schema of the cell has that of a state among its definitions, with which it shares nodes, points and
+/// registers.
 const SchemaValidator& schema()
 {
     static const SchemaValidator validator([] {
@@ -25,6 +28,31 @@ const SchemaValidator& schema()
         return schema;
     }());
     return validator;
+}
+
+void restoreRegisters(const QJsonArray& published, Cell* cell)
+{
+    QHash<QString, QJsonValue> left;
+    for (const QJsonValue entry : published) {
+        left.insert(nameOfRegister(entry), entry);
+    }
+    const int room = kMostNames - published.size();
+    QJsonArray registers;
+    for (const QJsonValue entry : qAsConst(cell->registers)) {
+        const QString name = nameOfRegister(entry);
+        if (left.contains(name)) {
+            registers.append(left.take(name));
+        } else if (cell->withdrawn.size() < room) {
+            registers.append(entry);
+            cell->withdrawn.insert(name);
+        }
+    }
+    for (const QJsonValue entry : published) {
+        if (left.contains(nameOfRegister(entry))) {
+            registers.append(entry);
+        }
+    }
+    cell->registers = registers;
 }
 
 } // namespace
@@ -51,6 +79,10 @@ std::optional<State> loadState(const QString& path, FileFault* fault)
         if (root->contains(points)) {
             state.points = readPoints(check, root->value(points), JsonPath() / points);
         }
+        const QString registers = QLatin1String(kRegisters);
+        if (root->contains(registers)) {
+            state.registers = readRegisters(check, root->value(registers), JsonPath() / registers);
+        }
         found = check.fault();
     }
     if (found) {
@@ -60,9 +92,22 @@ std::optional<State> loadState(const QString& path, FileFault* fault)
     return state;
 }
 
-QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points)
+void restoreState(const State& state, Cell* cell)
 {
-    const QJsonObject root = {{QLatin1String(kNodes), nodes}, {QLatin1String(kPoints), pointsToJson(points)}};
+    cell->nodes = state.nodes.value_or(cell->nodes);
+    cell->points = state.points.value_or(cell->points);
+    if (state.registers) {
+        restoreRegisters(*state.registers, cell);
+    }
+}
+
+QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points,
+                  const std::optional<QJsonArray>& registers)
+{
+    QJsonObject root = {{QLatin1String(kNodes), nodes}, {QLatin1String(kPoints), pointsToJson(points)}};
+    if (registers) {
+        root.insert(QLatin1String(kRegisters), *registers);
+    }
     return writeWholeFile(path, QJsonDocument(root).toJson());
 }
 

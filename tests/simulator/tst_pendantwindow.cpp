@@ -256,6 +256,8 @@ void TestPendantWindow::stateIsKeptOrItsLossShown()
     QVERIFY(loadState(file, &fault)->nodes == m_controller->nodes());
     pendixInterface()->addCurrentPoint(QStringLiteral("p1"), false, "tool0", "wobj0");
     QVERIFY(loadState(file, &fault)->points == m_controller->points());
+    m_controller->setRegisterPublished(0, false);
+    QVERIFY(loadState(file, &fault)->registers == m_controller->registers());
     QVERIFY(!notices->isVisible());
 
     m_window->keepState(folder.filePath(QStringLiteral("missing/state.json")));
