@@ -44,7 +44,13 @@ WeldioPage::WeldioPage(WeldSettingPage* settingPage, QWidget* parent)
     initConnect();
 }
 
-WeldioPage::~WeldioPage() = default;
+WeldioPage::~WeldioPage()
+{
+    // Taken away in a host call that a selector made with its signal: Qt still has to do with the selector.
+    for (ListComboBox* combo : qAsConst(m_speaking)) {
+        combo->setParent(nullptr);
+    }
+}
 
 void WeldioPage::initIoTables()
 {

@@ -103,7 +103,7 @@ private:
     bool load(const QJsonValue& config, PortLists& lists);
     bool offerPorts(const std::vector<WeldIoRow>& rows, PortLists& lists);
     void offerDuePorts(const Business::Turn& turn);
-    void onTypeChanged(const WeldIoRow& row);
+    void onTypeChanged(const WeldIoRow& changed);
     void cancel();
     bool saveNow(const Business::Turn& turn);
     bool maySave();
@@ -125,6 +125,7 @@ private:
     const WeldIoRow* m_retractDirection = nullptr;
     QSharedPointer<KnownPortLists> m_knownLists = QSharedPointer<KnownPortLists>::create();
     std::vector<WeldIoRow> m_rowsWithoutPorts; ///< their types have changed, and the host was not asked yet
+    QVector<ListComboBox*> m_speaking;         ///< type selectors whose signal is being answered
     QTimer m_layoutRefresh;                    ///< runs while a refresh of the layout is pending
     bool m_layoutRefreshIsFull = false;
     StyleSteps m_style;

@@ -11,6 +11,7 @@
 #include "widgets/uiscale.h"
 
 #include <QLabel>
+#include <QScopeGuard>
 #include <QShowEvent>
 
 #include <utility>
@@ -96,10 +97,20 @@ void WeldioPage::offerDuePorts(const Business::Turn& turn)
     }
 }
 
-void WeldioPage::onTypeChanged(const WeldIoRow& row)
+void WeldioPage::onTypeChanged(const WeldIoRow& changed)
 {
+    const WeldIoRow row = changed;
     row.clearPorts();
     m_rowsWithoutPorts.push_back(row);
+    const Business::Watch watch = m_business.watch();
+    m_speaking.append(row.typeCombo);
+    const auto spoken = qScopeGuard([this, &row, &watch] {
+        if (watch.ownerLives()) {
+            m_speaking.removeOne(row.typeCombo);
+        } else {
+            row.typeCombo->deleteLater();
+        }
+    });
     // While another business is under way, that one offers the ports at its end.
     conduct([](const Business::Turn& /*turn*/) { return Fields::Reread; });
 }

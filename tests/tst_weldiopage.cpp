@@ -1,0 +1,537 @@
+#include "tests/takenaway.h"
+#include "tests/weldioform.h"
+
+#include <QLabel>
+#include <QShowEvent>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+
+#include <limits>
+
+Q_DECLARE_METATYPE(QJsonObject)
+
+class TestWeldioPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyMemberHasItsWidget();
+    void storedRow_data();
+    void storedRow();
+    void typesAndElements();
+    void showing();
+    void onePassAsksOnce();
+    void rules_data();
+    void rules();
+    void saveOutcome_data();
+    void saveOutcome();
+    void cancel();
+    void whatMayBeEdited();
+    void allowedWhenItCounts_data();
+    void allowedWhenItCounts();
+    void pressedMeanwhile();
+    void pageTakenAway_data();
+    void pageTakenAway();
+    void fitsItsContent();
+};
+
+void TestWeldioPage::everyMemberHasItsWidget()
+{
+    // Another port in every row, and every type that its kind has in some row; a register in every third.
+    Shown shown;
+    const QStringList registers{"FloatOut", "BoolOut", "IntOut", "FloatIn", "BoolIn"};
+    QJsonObject node;
+    int number = 0;
+    for (const QVector<IoRowTemplate>* rows : {&outputRowTemplates(), &inputRowTemplates()}) {
+        for (const IoRowTemplate& signal : *rows) {
+            ++number;
+            const QStringList types = signal.portKind->typeEntries();
+            const int index = number % 3 == 0 ? types.size() - 1 : number % 2 * (types.size() - 2);
+            const bool isRegister = types.at(index) == "REG";
+            QString port = types.at(index) + QString::number(number);
+            if (isRegister) {
+                ListComboBox* combo = shown.combo(signal.key, "type");
+                combo->setCurrentIndex(index);
+                port = shown.combo(signal.key, "port")->itemText(1);
+                QVERIFY2(registers.contains(port), signal.key);
+            }
+            const QString key = signal.key;
+            node.insert(key + "_type", isRegister ? 2 : index);
+            node.insert(key + "_port", port);
+            node.insert(key + "_bias", isRegister && port != "BoolIn" ? 1 : 0);
+            if (key != "laser_enable" && key != "gas_protect") {
+                node.insert(key == "adhesion_detection_en" ? "adhesion_detection_enabled" : key + "_enabled",
+                            number % 4 == 0);
+            }
+        }
+    }
+    QCOMPARE(node.size(), 94);
+    QSignalSpy changes(shown.combo("power", "port"), QOverload<int>::of(&QComboBox::currentIndexChanged));
+    shown.page.loadWeldIOConfigFromJson(node);
+    QCOMPARE(shown.page.saveWeldIOConfigToJson(), (QJsonObject{{kSave, node}}));
+    QVERIFY2(changes.isEmpty(), "loading sets nothing off");
+
+    const auto* outputs = shown.form.find<QTableWidget>("tableWidget_output");
+    QVERIFY(outputs->rowCount() == 15 && outputs->item(11, 0)->text() == "12" &&
+            outputs->item(11, 0)->flags() == Qt::ItemIsEnabled);
+    QCOMPARE(outputs->cellWidget(11, 1)->findChild<QLabel*>("label_adhesion_detection_en_name")->text(),
+             QString("Adhesion Detection Enable"));
+    QVERIFY(outputs->cellWidget(11, 4)->isAncestorOf(shown.button("adhesion_detection")));
+    QVERIFY(outputs->cellWidget(0, 4) == nullptr);
+    QCOMPARE(shown.page.translateIoRowName("external_alarm", "x"), QString("Welder Ready"));
+    QCOMPARE(shown.page.translateIoRowName("nobody", "Power"), QString("Power"));
+}
+
+void TestWeldioPage::storedRow_data()
+{
+    QTest::addColumn<QJsonObject>("stored");
+    QTest::addColumn<QString>("power");    // offers AO, GO and numeric registers
+    QTest::addColumn<QString>("redLight"); // offers DO and boolean registers
+    const auto both = [](const QJsonValue& type, const char* port, const QJsonValue& bias) {
+        return QJsonObject{{"power_type", type},     {"power_port", port},     {"power_bias", bias},
+                           {"red_light_type", type}, {"red_light_port", port}, {"red_light_bias", bias}};
+    };
+    QTest::newRow("missing") << QJsonObject() << "AO||(1)"
+                             << "DO||(1)";
+    QTest::newRow("second type") << both(1, "GO7", 3) << "GO|GO7|(1)"
+                                 << "DO||(1)";
+    QTest::newRow("no such type") << both(7, "AO7", 0) << "AO|AO7|(1)"
+                                  << "DO||(1)";
+    QTest::newRow("negative type") << both(-1, "DO7", 0) << "AO||(1)"
+                                   << "DO|DO7|(1)";
+    QTest::newRow("no whole number") << both(1.5, "AO7", 0.5) << "AO|AO7|(1)"
+                                     << "DO||(1)";
+    QTest::newRow("names match exactly") << both(0, "do7", 0) << "AO||(1)"
+                                         << "DO||(1)";
+    QTest::newRow("first element") << both(2, "BoolOut", 0) << "REG||(1)"
+                                   << "REG|BoolOut|1";
+    QTest::newRow("other element") << both(2, "BoolOut", 2) << "REG||(1)"
+                                   << "REG|BoolOut|3";
+    QTest::newRow("negative element, keeps what is shown") << both(2, "BoolOut", -1) << "REG||(1)"
+                                                           << "REG|BoolOut|2";
+    QTest::newRow("beyond the first length of that name") << both(2, "BoolOut", 4) << "REG||(1)"
+                                                          << "REG|BoolOut|4";
+    QTest::newRow("far beyond") << both(2, "FloatOut", std::numeric_limits<int>::max()) << "REG|FloatOut|2"
+                                << "REG||(1)";
+    QTest::newRow("last of many") << both(2, "Late", 2147483646) << "REG||(1)"
+                                  << "REG|Late|2147483647";
+    QTest::newRow("only read, length no number") << both(2, "BoolIn", 0) << "REG||(1)"
+                                                 << "REG||(1)";
+}
+
+void TestWeldioPage::storedRow()
+{
+    QFETCH(QJsonObject, stored);
+    Shown shown({{"red_light_type", 2}, {"red_light_port", "BoolOut"}, {"red_light_bias", 1}, {"power_port", "AO3"}});
+    shown.load(stored);
+    QTEST(shown.row("power"), "power");
+    QTEST(shown.row("red_light"), "redLight");
+}
+
+void TestWeldioPage::typesAndElements()
+{
+    Shown shown({{"red_light_port", "DO7"}, {"red_light_enabled", true}});
+    // By hand: a changed type empties the port; a register with elements shows them; another port keeps the element.
+    shown.combo("red_light", "type")->setCurrentIndex(1);
+    QCOMPARE(shown.row("red_light"), QString("REG||(1)"));
+    shown.combo("red_light", "port")->setCurrentText("BoolOut");
+    QCOMPARE(shown.row("red_light"), QString("REG|BoolOut|1"));
+    QCOMPARE(shown.combo("red_light", "bias")->count(), 4);
+    shown.combo("red_light", "bias")->setCurrentIndex(2);
+    QCOMPARE(shown.saved().value("red_light_bias"), QJsonValue(2));
+    shown.combo("red_light", "port")->setCurrentText("Late");
+    QCOMPARE(shown.row("red_light"), QString("REG|Late|3"));
+    shown.combo("red_light", "type")->setCurrentIndex(0);
+    QCOMPARE(shown.row("red_light"), QString("DO||(1)"));
+    QCOMPARE(shown.saved().value("red_light_bias"), QJsonValue(0));
+    QCOMPARE(shown.combo("light_feedback", "bias")->count(), 1);
+
+    // A register that the controller got meanwhile has its length when its row is loaded.
+    QJsonArray registers = shown.host.registers.toArray();
+    registers.append(registerOf(" New ", "bool", "wo", 5));
+    shown.host.registers = registers;
+    shown.host.nodes[kNode] = mapping({{"red_light_type", 2}, {"red_light_port", "New"}, {"red_light_bias", 4}});
+    shown.form.press("pushButton_Cancel");
+    QCOMPARE(shown.row("red_light"), QString("REG|New|5"));
+
+    // Without a node a show keeps all that the controller still offers, the element too, as far as it exists.
+    shown.host.nodes.clear();
+    registers.removeLast();
+    registers.append(registerOf("New", "bool", "rw", 3));
+    shown.host.registers = registers;
+    shown.host.io["DO"].removeAll("DO2");
+    shown.page.hide();
+    shown.page.show();
+    QCOMPARE(shown.row("red_light"), QString("REG|New|3"));
+    QCOMPARE(shown.row("laser_enable"), QString("DO|DO1|(1)"));
+    QCOMPARE(shown.row("gas_protect"), QString("DO||(1)"));
+}
+
+void TestWeldioPage::showing()
+{
+    Shown shown({{"power_enabled", true}});
+    const QStringList calls = shown.asked([&] {
+        shown.page.hide();
+        shown.host.nodes[kNode] = mapping({{"power_port", "AO5"}});
+        shown.page.show();
+    });
+    QCOMPARE(calls.mid(0, 2), QStringList({"registers", "read"}));
+    QCOMPARE(calls.last(), QString("level"));
+    QCOMPARE(shown.row("power"), QString("AO|AO5|(1)"));
+    QVERIFY(!shown.button("power")->getIsEnabled() && !shown.form.isEnabled("comboBox_power_port"));
+    QVERIFY(!shown.form.find("tabWidget_io")->styleSheet().isEmpty());
+
+    // The window system restores a window: what was edited stays, the level counts.
+    shown.combo("power", "type")->setCurrentIndex(1);
+    shown.host.level = 2;
+    shown.host.forget();
+    QShowEvent restored;
+    QSpontaneKeyEvent::setSpontaneous(&restored);
+    qApp->notify(&shown.page, &restored);
+    QVERIFY(shown.host.reads.filter(kNode).isEmpty() && !shown.page.isEnabled());
+    QCOMPARE(shown.row("power"), QString("GO||(1)"));
+}
+
+void TestWeldioPage::onePassAsksOnce()
+{
+    // Registers in rows of both tables; all six types of points.
+    Shown shown({{"power_type", 2}, {"power_port", "FloatOut"}, {"wire_feed_type", 2}, {"wire_feed_port", "BoolOut"}});
+    QStringList types;
+    const auto judge = [&](const QStringList& calls, int most) {
+        return calls.count("io") <= most && calls.count("registers") <= 1 && calls.count("read") <= 1;
+    };
+    const QAbstractItemModel* model = shown.combo("red_light", "port")->model();
+    QVERIFY(judge(shown.asked([&] {
+        shown.page.hide();
+        shown.page.show();
+    }),
+                  5));
+    QCOMPARE(shown.combo("red_light", "port")->model(), model);
+    QCOMPARE(shown.combo("laser_enable", "port")->model(), model);
+    QVERIFY(judge(shown.asked([&] { shown.form.press("pushButton_Cancel"); }), 5));
+    QVERIFY(judge(shown.asked([&] { shown.save(); }), 5));
+    QCOMPARE(shown.host.lastMessage(), QString("0|Saved successfully"));
+    QCOMPARE(shown.asked([&] { shown.combo("power", "type")->setCurrentIndex(1); }), QStringList{"io"});
+    QCOMPARE(shown.asked([&] { shown.combo("power", "type")->setCurrentIndex(2); }), QStringList{"registers"});
+}
+
+void TestWeldioPage::rules_data()
+{
+    QTest::addColumn<QJsonObject>("changes");
+    QTest::addColumn<QString>("message");
+    const QString used = "2|Port %1 is already in use, save failed!";
+    const QString empty = "2|There is an empty port. Please check and reconfigure!";
+    const QString saved = "0|Saved successfully";
+    const QString wrong = "2|Signal %1: register \"%2\" is invalid or has wrong read/write permission, expected %3.";
+    const QJsonObject twice{{"power_port", "AO1"}, {"power_enabled", true}, {"frequency_port", "AO1"}};
+    const auto with = [](QJsonObject changes, const QJsonObject& more) {
+        for (auto change = more.begin(); change != more.end(); ++change) {
+            changes.insert(change.key(), change.value());
+        }
+        return changes;
+    };
+    const QJsonObject bothOn = with(twice, {{"frequency_enabled", true}});
+    const QJsonObject lost{{"descent_signal_type", 2}, {"descent_signal_port", "Gone%2"}};
+    const QJsonObject lostInput{{"light_feedback_type", 2}, {"light_feedback_port", "Gone%2"}};
+    QTest::newRow("nothing wrong") << QJsonObject() << saved;
+    QTest::newRow("twice, one is off") << twice << saved;
+    QTest::newRow("twice") << bothOn << used.arg("AO1");
+    QTest::newRow("without a switch") << QJsonObject{{"gas_protect_port", "DO1"}} << used.arg("DO1");
+    QTest::newRow("in both tables") << QJsonObject{{"laser_enable_type", 2},
+                                                   {"laser_enable_port", "Both"},
+                                                   {"light_feedback_type", 2},
+                                                   {"light_feedback_port", "Both"},
+                                                   {"light_feedback_enabled", true}}
+                                    << saved;
+    const QJsonObject elements{{"laser_enable_type", 2},
+                               {"laser_enable_port", "BoolOut"},
+                               {"gas_protect_type", 2},
+                               {"gas_protect_port", "BoolOut"}};
+    QTest::newRow("same element") << elements << used.arg("BoolOut");
+    QTest::newRow("other element") << with(elements, {{"gas_protect_bias", 1}}) << saved;
+    QTest::newRow("required") << QJsonObject{{"gas_protect_port", ""}} << empty;
+    QTest::newRow("switched on") << QJsonObject{{"laser_alarm_enabled", true}} << empty;
+    QTest::newRow("output, off") << lost << wrong.arg("Descent signal", "Gone%2", "writable register");
+    QTest::newRow("input, off") << lostInput << wrong.arg("Laser feedback", "Gone%2", "readable register");
+    QTest::newRow("register before port")
+        << with(bothOn, lost) << wrong.arg("Descent signal", "Gone%2", "writable register");
+    QTest::newRow("outputs before inputs") << with(bothOn, lostInput) << used.arg("AO1");
+    QTest::newRow("inputs before empty ports")
+        << with(lostInput, {{"gas_protect_port", ""}}) << wrong.arg("Laser feedback", "Gone%2", "readable register");
+}
+
+void TestWeldioPage::rules()
+{
+    QFETCH(QJsonObject, changes);
+    Shown shown;
+    // All registers are there while the page is filled; at the moment of the save those of the name "Gone%2" are not.
+    const QJsonArray registers = shown.host.registers.toArray() + QJsonValue(registerOf("Both", "bool", "rw", 1)) +
+                                 QJsonValue(registerOf("Both", "bool", "ro", 1));
+    shown.host.registers = registers + QJsonValue(registerOf("Gone%2", "bool", "rw", 1)) +
+                           QJsonValue(registerOf("Gone%2", "bool", "ro", 1));
+    shown.load(changes);
+    shown.host.nodes[kNode] = shown.saved();
+    const QJsonObject before = shown.saved();
+    shown.host.registers = registers;
+    shown.save();
+    QTEST(shown.host.told().join('/'), "message");
+    const bool isSaved = shown.host.lastMessage().startsWith('0');
+    QCOMPARE(shown.host.sent(), isSaved ? QStringList{kSave} : QStringList());
+    QCOMPARE(shown.saved(), before);
+}
+
+void TestWeldioPage::saveOutcome_data()
+{
+    QTest::addColumn<QJsonArray>("answer");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("log");
+    const QString log = "WeldioPage::checkSaveResult failed. ";
+    const QString refused = "2|Save failed. Please check the parameter configuration.";
+    const QString silent = "2|Save failed. No response from controller.";
+    const auto result = [&log](int code) { return log + "|set_weld_io_config| Result:|" + QString::number(code); };
+    QTest::newRow("done") << FakeHost::answer(kSave, 0) << "0|Saved successfully" << QString();
+    QTest::newRow("fraction") << FakeHost::answer(kSave, 0.9) << "0|Saved successfully" << QString();
+    QTest::newRow("number") << FakeHost::answer(kSave, -7.9) << refused << result(-7);
+    QTest::newRow("text") << FakeHost::answer(kSave, "12") << refused << result(12);
+    QTest::newRow("boolean") << FakeHost::answer(kSave, true) << refused << result(1);
+    QTest::newRow("empty") << QJsonArray() << silent << log + "empty response for |set_weld_io_config";
+    QTest::newRow("another's") << FakeHost::answer("set_weld_setting_config", 0) << silent
+                               << log + "not found |set_weld_io_config| Result";
+}
+
+void TestWeldioPage::saveOutcome()
+{
+    Shown shown;
+    QFETCH(QJsonArray, answer);
+    shown.host.answers[kSave] = answer;
+    shown.combo("power", "port")->setCurrentText("AO9");
+    const QStringList calls = shown.asked([&] { shown.save(); });
+    QTEST(shown.host.told().join('/'), "message");
+    QTEST(shown.host.logs.isEmpty() ? QString() : shown.host.logs.last().items.join('|'), "log");
+    QCOMPARE(shown.host.sent(), QStringList{kSave});
+    QCOMPARE(shown.host.commands[0].second.toObject().value("power_port"), QJsonValue("AO9"));
+    QCOMPARE(shown.host.senders[0], &shown.page);
+    // Accepted: what the controller holds is shown, and what may be edited is asked anew. Otherwise the edits stay.
+    const bool isSaved = shown.host.lastMessage().startsWith('0');
+    QCOMPARE(shown.row("power"), isSaved ? QString("AO||(1)") : QString("AO|AO9|(1)"));
+    const QStringList after = calls.mid(calls.indexOf("command") + 1);
+    QCOMPARE(after.count("read") + after.count("level"), isSaved ? 2 : 0);
+    QCOMPARE(after.first(), QString("message"));
+}
+
+void TestWeldioPage::cancel()
+{
+    Shown shown({{"power_enabled", true}, {"power_port", "AO4"}});
+    const QJsonObject before = shown.saved();
+    shown.form.press("pushButton_power_enabled");
+    shown.combo("power", "type")->setCurrentIndex(1);
+    QVERIFY(!shown.form.isEnabled("comboBox_power_type"));
+    shown.form.press("pushButton_Cancel");
+    QCOMPARE(shown.saved(), before);
+    QVERIFY(shown.form.isEnabled("comboBox_power_type"));
+    QCOMPARE(shown.host.told(), QStringList{"0|Cancel successful"});
+    // It says so whatever it finds, and the page may lock.
+    shown.host.nodes.clear();
+    shown.host.level = 2;
+    shown.form.press("pushButton_Cancel");
+    QVERIFY(shown.saved() == before && !shown.page.isEnabled());
+    QCOMPARE(shown.host.told().size(), 2);
+    QVERIFY(shown.host.commands.isEmpty());
+}
+
+void TestWeldioPage::whatMayBeEdited()
+{
+    Shown shown({{"power_enabled", true}});
+    const QStringList locks{"pushButton_Save", "pushButton_Cancel", "pushButton_power_enabled"};
+    const auto state = [&](const char* key) {
+        QString enabled;
+        for (const char* name : {"label_%1_name", "comboBox_%1_type", "comboBox_%1_port", "comboBox_%1_bias"}) {
+            enabled += shown.form.isEnabled(QString(name).arg(key)) ? '1' : '0';
+        }
+        return enabled;
+    };
+    const auto locked = [&] {
+        return std::count_if(locks.begin(), locks.end(),
+                             [&](const QString& name) { return !shown.form.isEnabled(name); });
+    };
+    // A row follows its switch; one without a switch is always on.
+    QCOMPARE((QStringList{state("power"), state("frequency"), state("laser_enable")}),
+             (QStringList{"1111", "0000", "1111"}));
+    shown.form.press("pushButton_frequency_enabled");
+    QCOMPARE(state("frequency"), QString("1111"));
+    QCOMPARE(locked(), 0);
+    // While welding is on everything is locked and every name stays legible.
+    shown.weld(true);
+    shown.page.applyIoPageOperateStatus();
+    QCOMPARE((QStringList{state("power"), state("duty_cycle"), state("laser_enable")}),
+             (QStringList{"1000", "1000", "1000"}));
+    QVERIFY(shown.page.isEnabled() && locked() == locks.size());
+    shown.host.level = 2;
+    shown.page.applyIoPageOperateStatus();
+    QVERIFY(!shown.page.isEnabled());
+    shown.host.level = 3;
+    shown.weld(false);
+    shown.page.applyIoPageOperateStatus();
+    QVERIFY(shown.page.isEnabled() && locked() == 0 && state("power") == "1111" && state("duty_cycle") == "0000");
+}
+
+void TestWeldioPage::allowedWhenItCounts_data()
+{
+    QTest::addColumn<QString>("when");
+    QTest::addColumn<bool>("locksThePage");
+    QTest::newRow("level fell") << "level" << true;
+    QTest::newRow("welding was switched on") << "weld" << false;
+    QTest::newRow("level falls while the rules ask") << "level, registers" << true;
+    QTest::newRow("welding is switched on while the rules ask") << "weld, registers" << false;
+    QTest::newRow("disabled by the host") << "disabled" << true;
+    QTest::newRow("shown at a low level that rose since") << "shown" << true;
+}
+
+void TestWeldioPage::allowedWhenItCounts()
+{
+    QFETCH(QString, when);
+    // With a port missing: this message comes before every rule, and alone.
+    Shown shown(
+        {{"power_type", 2}, {"power_port", "FloatOut"}, {"gas_protect_port", when.contains("registers") ? "DO2" : ""}});
+    const auto change = [&] {
+        shown.host.level = when.startsWith("level") ? 2 : 3;
+        shown.weld(when.startsWith("weld"));
+    };
+    if (when == "disabled") {
+        shown.page.setEnabled(false);
+    } else if (when == "shown") {
+        shown.page.hide();
+        shown.host.level = 2;
+        shown.page.show();
+    }
+    shown.host.onCall = [&](const QString& call) {
+        if (call == "registers") {
+            change();
+        }
+    };
+    if (!when.contains("registers")) {
+        change();
+    }
+    shown.combo("power", "port")->setCurrentText("");
+    shown.combo("power", "port")->setCurrentText("FloatOut");
+    QVERIFY(!shown.page.saveWeldIoConfig());
+    QCOMPARE(shown.host.told(), QStringList{kNotNow});
+    QVERIFY(shown.host.commands.isEmpty());
+    QTEST(!shown.page.isEnabled(), "locksThePage");
+    QVERIFY(!shown.form.isEnabled("pushButton_Save"));
+    QCOMPARE(shown.row("power"), QString("REG|FloatOut|1"));
+}
+
+void TestWeldioPage::pressedMeanwhile()
+{
+    // The host spins the event loop in every call, and the operator presses, turns the page away and back, and edits.
+    Shown shown({{"power_type", 2}, {"power_port", "FloatOut"}});
+    bool isTyped = false;
+    shown.host.onCall = [&](const QString& call) {
+        shown.save();
+        shown.form.press("pushButton_Cancel");
+        if (call == "command") {
+            shown.page.hide();
+            shown.page.show();
+        }
+        if (call == "registers" && !isTyped) {
+            isTyped = true;
+            shown.combo("laser_enable", "port")->setCurrentText("DO5");
+            shown.combo("duty_cycle", "type")->setCurrentIndex(1);
+        }
+    };
+    shown.host.answers[kSave] = FakeHost::answer(kSave, 1);
+    shown.save();
+    shown.host.onCall = nullptr;
+    QCOMPARE(shown.host.sent(), QStringList{kSave});
+    QCOMPARE(shown.host.told().size(), 1);
+    QVERIFY2(!shown.host.reads.contains(kNode), "a show meanwhile reloads nothing");
+    // What was judged is what was sent; what was edited since is still there, with the ports of its new type.
+    QCOMPARE(shown.host.commands[0].second.toObject().value("laser_enable_port"), QJsonValue("DO1"));
+    QCOMPARE(shown.host.commands[0].second.toObject().value("duty_cycle_type"), QJsonValue(0));
+    QCOMPARE(shown.row("laser_enable"), QString("DO|DO5|(1)"));
+    QCOMPARE(shown.row("duty_cycle"), QString("GO||(1)"));
+    QCOMPARE(shown.combo("duty_cycle", "port")->itemText(30), QString("GO30"));
+}
+
+void TestWeldioPage::pageTakenAway_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<int>("calls");
+    QTest::newRow("save") << "save" << 12;      // level, registers, level, command, message, node, five lists, level
+    QTest::newRow("refused") << "refused" << 5; // ..., message
+    QTest::newRow("rule") << "rule" << 3;       // level, registers, message
+    QTest::newRow("low level") << "level" << 2; // level, message
+    QTest::newRow("cancel") << "cancel" << 9;   // node, lists, level, message
+    QTest::newRow("show") << "show" << 8;       // registers, node, lists, level
+    QTest::newRow("type") << "type" << 1;       // list
+}
+
+void TestWeldioPage::pageTakenAway()
+{
+    QFETCH(QString, what);
+    FakeHost host;
+    equip(&host);
+    host.nodes[kNode] = mapping({{"power_type", 2}, {"power_port", what == "rule" ? "Gone" : "FloatOut"}});
+    if (what == "refused") {
+        host.answers[kSave] = FakeHost::answer(kSave, 1);
+    }
+    const QJsonValue registers = host.registers;
+    const auto make = [&] {
+        host.level = 3;
+        host.registers = registers.toArray() + QJsonValue(registerOf("Gone", "float", "rw", 1));
+        auto* page = new WeldioPage(nullptr, nullptr);
+        page->show();
+        host.registers = registers;
+        host.level = what == "level" ? 2 : 3;
+        return page;
+    };
+    const auto act = [&what](WeldioPage* page) {
+        QShowEvent show;
+        if (what == "show") {
+            QCoreApplication::sendEvent(page, &show);
+        } else if (what == "cancel") {
+            emit page->findChild<QAbstractButton*>("pushButton_Cancel")->clicked();
+        } else if (what == "type") {
+            page->findChild<QComboBox*>("comboBox_duty_cycle_type")->setCurrentIndex(1);
+        } else {
+            page->saveWeldIoConfig();
+        }
+    };
+    QTEST(takeAwayInEveryCall<WeldioPage>(host, make, act), "calls");
+}
+
+void TestWeldioPage::fitsItsContent()
+{
+    Shown shown;
+    shown.page.resize(1000, 900);
+    for (const char* name : {"tableWidget_output", "tableWidget_input"}) {
+        auto* table = shown.form.find<QTableWidget>(name);
+        QTRY_COMPARE(table->rowHeight(0), 35);
+        QVERIFY(table->maximumHeight() > table->rowCount() * 35 &&
+                table->maximumHeight() < table->rowCount() * 35 + 60);
+        QVERIFY(table->minimumWidth() > 400);
+    }
+    // An element that appears moves nothing.
+    shown.load({{"power_type", 2}, {"power_enabled", true}});
+    QCoreApplication::processEvents();
+    const QRect before = shown.combo("power", "port")->geometry();
+    shown.combo("power", "port")->setCurrentText("FloatOut");
+    QCoreApplication::processEvents();
+    QVERIFY(shown.combo("power", "bias")->isVisible());
+    QCOMPARE(shown.combo("power", "port")->geometry(), before);
+    // The host's zoom has changed: the next show fits anew, a changed tab and a new width do not.
+    shown.host.nodes["brisel.fontzoom"] = 2;
+    auto* outputs = shown.form.find<QTableWidget>("tableWidget_output");
+    shown.form.find<QTabWidget>("tabWidget_io")->setCurrentIndex(1);
+    shown.page.resize(1100, 900);
+    QTest::qWait(50);
+    QCOMPARE(outputs->rowHeight(0), 35);
+    shown.page.hide();
+    shown.page.show();
+    QTRY_COMPARE(outputs->rowHeight(0), 70);
+}
+
+QTEST_MAIN(TestWeldioPage)
+#include "tst_weldiopage.moc"
