@@ -122,9 +122,7 @@ void WeldSettingPage::loadServerConfigFromJson(const QJsonValue& config)
 
 bool WeldSettingPage::validateLaserCheckTime() const
 {
-    for (QSpinBox* box : {ui->spinBox_feedback_delay, ui->spinBox_laser_check_out_time}) {
-        box->interpretText(); // what is typed and not committed yet is what would be saved
-    }
+    m_fields.commit();
     if (ui->spinBox_feedback_delay->value() >= ui->spinBox_laser_check_out_time->value()) {
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include "common/names.h"
 #include "page/buttonmonitorpage/buttonmonitorpage.h"
+#include "page/weldiopage.h"
 #include "page/weldsettingpage.h"
 #include "plugin/corvane.h"
 #include "simulator/confignodes.h"
@@ -121,6 +122,7 @@ private slots:
     void initTestCase();
     void controllerKnowsEveryCommand();
     void settingsAsTheyAreSent();
+    void mappingAsItIsSent();
     void pendantButtons();
     void monitor();
     void commandsFitExactly_data();
@@ -196,6 +198,22 @@ void TestInterface::settingsAsTheyAreSent()
     form.press("pushButton_main_enable");
     takeCommands(host);
     form.press("pushButton_main_enable");
+    takeCommands(host);
+}
+
+/// The shipped cell's mapping keeps all rules, and every port and element in it exists.
+void TestInterface::mappingAsItIsSent()
+{
+    FakeHost host;
+    host.nodes.insert(names::node::kWeldIo.name, m_cell->nodes.value(names::node::kWeldIo.name));
+    host.registers = m_cell->registers;
+    for (auto list = m_cell->io.begin(); list != m_cell->io.end(); ++list) {
+        host.io.insert(list.key(), list.value());
+    }
+    WeldioPage page(nullptr, nullptr);
+    page.show();
+    QVERIFY2(page.saveWeldIoConfig(), qPrintable(host.told().join('/')));
+    QCOMPARE(host.commands.at(0).second, m_cell->nodes.value(names::node::kWeldIo.name));
     takeCommands(host);
 }
 

@@ -89,9 +89,14 @@ void TestWeldSettingPage::showing()
     QCOMPARE(shown.form.find<QComboBox>("comboBox_detection_do")->findText("DO10"), 2);
     QCOMPARE(shown.form.find<QComboBox>("comboBox_feedback_di")->itemText(1), QString("DI3"));
 
-    shown.page.hide();
+    // The window system restores a window: what was edited stays, the level counts.
+    shown.form.find<QSpinBox>("spinBox_laser_power")->setValue(77);
     shown.host.level = 2;
-    shown.page.show();
+    shown.host.forget();
+    QShowEvent restored;
+    QSpontaneKeyEvent::setSpontaneous(&restored);
+    qApp->notify(&shown.page, &restored);
+    QVERIFY(shown.power() == 77 && !shown.host.reads.contains(kNode));
     QVERIFY(!shown.page.isEnabled() && !shown.form.isEnabled(kSwitch));
 }
 
@@ -154,7 +159,12 @@ void TestWeldSettingPage::saveOutcome()
     Shown shown({{"feedback_delay", detect}, {"laser_check_out_time", 200}});
     shown.host.answers[kSave] = answer;
     shown.form.type("spinBox_laser_power", "1234");
+    // Not committed, and too low: the field shows what is saved instead.
+    auto* gas = shown.form.find<QSpinBox>("spinBox_manual_gas_time");
+    gas->selectAll();
+    QTest::keyClicks(gas, "50");
     shown.form.press("pushButton_save");
+    QCOMPARE(gas->text(), QString("1116"));
     QCOMPARE(shown.host.sent().size(), detect < 200 ? 0 : 1);
     QTEST(shown.host.lastMessage(), "message");
     QTEST(shown.host.logs.isEmpty() ? QString() : shown.host.logs.last().items.join('|'), "log");

@@ -106,11 +106,7 @@ void FormFields::show(const Field& field, const QJsonValue& value)
 QJsonValue FormFields::shown(const Field& field)
 {
     struct Getter {
-        QJsonValue operator()(QSpinBox* box) const
-        {
-            box->interpretText(); // the operator may have typed a number and not left the field yet
-            return box->value();
-        }
+        QJsonValue operator()(const QSpinBox* box) const { return box->value(); }
         QJsonValue operator()(EnableButton* button) const { return button->getIsEnabled(); }
         QJsonValue operator()(const QLineEdit* edit) const { return edit->text(); }
         QJsonValue operator()(const QComboBox* box) const { return box->currentIndex(); }
@@ -132,8 +128,18 @@ void FormFields::reset() const
     }
 }
 
+void FormFields::commit() const
+{
+    for (const Field& field : m_fields) {
+        if (auto* const* box = std::get_if<QSpinBox*>(&field.widget)) {
+            (*box)->interpretText();
+        }
+    }
+}
+
 QJsonObject FormFields::save() const
 {
+    commit();
     QJsonObject node;
     for (const Field& field : m_fields) {
         node.insert(QLatin1String(field.spec.key), shown(field));

@@ -62,6 +62,9 @@ public:
     /// Sets every widget silently to its standard value.
     void reset() const;
 
+    /// Ends what is being typed, as leaving the field would: what a field shows is then what it holds.
+    void commit() const;
+
     /// All members with the widgets' current values; what is typed and not committed yet counts.
     QJsonObject save() const;
 

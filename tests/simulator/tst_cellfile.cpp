@@ -33,7 +33,6 @@ class TestCellFile : public QObject
 
 private slots:
     void shippedCellIsComplete();
-    void shippedPortsExist();
     void faultNamesFileAndMember();
     void unreadableFiles();
     void onlyRegularFiles();
@@ -71,38 +70,6 @@ void TestCellFile::shippedCellIsComplete()
     QVERIFY(cell->currentTool == QLatin1String("weld_head") && cell->currentWobj == QLatin1String("table_left"));
     for (const QString& name : nodeNames()) {
         QVERIFY2(!cell->nodes.value(name).toObject().isEmpty(), qPrintable(name));
-    }
-}
-
-void TestCellFile::shippedPortsExist()
-{
-    // All signals but the one that is tied to nothing; the lists of their ports by type; what a register must be.
-    const char* const kinds[][4] = {
-        {"power frequency duty_cycle wire_speed", "AO GO", "^(float|u?int)", "w"},
-        {"laser_enable red_light gas_protect wire_feed retract_direction manual_wire_feed manual_retract", "DO", "^b",
-         "w"},
-        {"adhesion_detection_en", "DO", "^bool", "w"},
-        {"swing_job process_job", "GO", "^u?int", "w"},
-        {"power_feedback wire_speed_feedback", "AI GI", "^(float|u?int)", "^r[^w]*$"},
-        {"light_feedback laser_alarm shield_gas_feedback wire_feed_feedback wire_feeder_alarm", "DI", "^b", "^r[^w]*$"},
-        {"adhesion_detection_feedback external_alarm", "DI", "^bool", "^r[^w]*$"},
-    };
-    const auto words = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); };
-    const auto cell = loadCell(QStringLiteral(SHIPPED_CELL), &m_fault);
-    const QJsonObject io = cell->nodes.value(QLatin1String(node::kIo)).toObject();
-    for (const auto& [keys, lists, value, access] : kinds) {
-        for (const QString& key : words(keys)) {
-            const int type = io.value(key + QLatin1String("_type")).toInt();
-            QStringList ports = cell->io.value(words(lists).value(type));
-            for (const QJsonValue& entry : cell->registers) {
-                if (type == 2 && entry["type"].toString().contains(QRegularExpression(value)) &&
-                    entry["rw"].toString().contains(QRegularExpression(access)) &&
-                    io.value(key + QLatin1String("_bias")).toInt() < entry["len"].toInt()) {
-                    ports += entry["name"].toString();
-                }
-            }
-            QVERIFY2(ports.contains(io.value(key + QLatin1String("_port")).toString()), qPrintable(key));
-        }
     }
 }
 
