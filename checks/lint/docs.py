@@ -26,8 +26,9 @@ HEADING = re.compile(r"^#+ +(.*)$", re.MULTILINE)
 
 GUIDE = "docs/operator-guide.md"
 TRANSLATION = "resources/language/Corvane_cn.ts"
-QUOTED = re.compile(r'"([^"]*)"')
-SHORT_QUOTE = re.compile(r'(?<![\w"])"([^"\n]+(?:\n[^"\n]+)?)"')
+# A quotation mark within a quote is escaped.
+QUOTED = re.compile(r'(?<!\\)"((?:[^"\\]|\\.)*)"')
+SHORT_QUOTE = re.compile(r'(?<![\w"\\])"((?:[^"\n\\]|\\[^\n])+(?:\n(?:[^"\n\\]|\\[^\n])+)?)"')
 SOURCE = re.compile(r"^(?!checks/fuzz/corpus/).*\.(?:cpp|h|ui|ts|json|py|sh)$|^dev$")
 CHINESE = re.compile("[\u3000-\u303f\u4e00-\u9fff\uff00-\uffef]+")
 DEV_WORD = re.compile(r"(?:\.|\$REPO)/dev (\w+)")
@@ -144,7 +145,7 @@ def check_quotes(failures):
                               (CHINESE, lambda quote: quote in chinese)):
         for match in pattern.finditer(text):
             count += 1
-            quote = match[match.lastindex or 0]
+            quote = match[match.lastindex or 0].replace('\\"', '"')
             if not is_there(quote):
                 failures.append(f"{GUIDE}:{line_of(text, match.start())}: {TRANSLATION} does not have \"{quote}\"")
     return count
@@ -161,7 +162,7 @@ def check_other_quotes(name, text, known, failures):
     Returns how many quotes there are."""
     found = list(SHORT_QUOTE.finditer(text))
     failures.extend(f"{name}:{line_of(text, match.start())}: nothing says \"{match[1]}\""
-                    for match in found if " ".join(match[1].split()) not in known)
+                    for match in found if " ".join(match[1].replace('\\"', '"').split()) not in known)
     return len(found)
 
 
