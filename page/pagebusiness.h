@@ -3,6 +3,8 @@
 
 #include "common/business.h"
 
+#include <QShowEvent>
+
 #include <utility>
 
 /// A configuration page's businesses with the host, one at a time. A page that is shown while one is under way does
@@ -32,7 +34,21 @@ public:
         return true;
     }
 
-    void noteShow() { m_shownMeanwhile = true; }
+    /// The page is shown: what it shows is read anew, as soon as no business is under way. A window that the window
+    /// system restores keeps its fields.
+    template <typename CatchUp>
+    void show(const QShowEvent& event, const CatchUp& catchUp)
+    {
+        const Fields fields = event.spontaneous() ? Fields::Keep : Fields::Reread;
+        const auto work = [&](const Business::Turn& turn) {
+            catchUp(turn, fields);
+            return fields;
+        };
+        if (!conduct(work, catchUp)) {
+            m_shownMeanwhile = true;
+        }
+    }
+
     Business::Watch watch() const { return m_business.watch(); }
 
 private:

@@ -25,23 +25,13 @@ bool WeldioPage::conduct(const Work& work)
             offerDuePorts(turn);
             return fields;
         },
-        [this](const Business::Turn& turn, Fields fields) {
-            refresh(turn, fields);
-            offerDuePorts(turn);
-        });
+        [this](const Business::Turn& turn, Fields fields) { refresh(turn, fields); });
 }
 
 void WeldioPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    const Fields fields = event->spontaneous() ? Fields::Keep : Fields::Reread;
-    const bool isOurs = conduct([this, fields](const Business::Turn& turn) {
-        refresh(turn, fields);
-        return fields;
-    });
-    if (!isOurs) {
-        m_business.noteShow();
-    }
+    m_business.show(*event, [this](const Business::Turn& turn, Fields fields) { refresh(turn, fields); });
 }
 
 void WeldioPage::refresh(const Business::Turn& turn, Fields fields)
@@ -60,6 +50,7 @@ void WeldioPage::refresh(const Business::Turn& turn, Fields fields)
         translateIoRowName(QLatin1String(kRetractDirectionKey), m_retractDirection->signal->name));
     scheduleIoLayoutRefresh(true);
     applyIoPageOperateStatus();
+    offerDuePorts(turn);
 }
 
 void WeldioPage::initComBox()

@@ -30,14 +30,7 @@ bool WeldSettingPage::conduct(const Work& work)
 void WeldSettingPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    const Fields fields = event->spontaneous() ? Fields::Keep : Fields::Reread;
-    const bool isOurs = conduct([this, fields](const Business::Turn& turn) {
-        refresh(turn, fields);
-        return fields;
-    });
-    if (!isOurs) {
-        m_business.noteShow();
-    }
+    m_business.show(*event, [this](const Business::Turn& turn, Fields fields) { refresh(turn, fields); });
 }
 
 void WeldSettingPage::refresh(const Business::Turn& turn, Fields fields)
