@@ -5,20 +5,23 @@
 
 #include <QShowEvent>
 
+#include <optional>
 #include <utility>
 
 /// A configuration page's businesses with the host, one at a time. A page that is shown while one is under way does
 /// not ask the host anew, as what is under way may be about to send what the form holds; what it missed is caught up
-/// with when the business is over. Last member of its page.
+/// with when the business is over, or when the next one is, if that one was ended by an exception. Last member of its
+/// page.
 class PageBusiness
 {
 public:
-    /// What a page that was shown while a business was under way does about its fields when that is over.
+    /// What becomes of the fields of a page that is shown, or was shown while a business was under way.
     enum class Fields { Reread, Keep };
 
     /// Does some work as the only business, then catches up with the shows that came meanwhile. False, with nothing
     /// done, while another business is under way.
-    /// work: Fields(const Business::Turn&); catchUp: void(const Business::Turn&, Fields).
+    /// work: Fields(const Business::Turn&), its result saying whether a show that came meanwhile may reread the fields;
+    /// catchUp: void(const Business::Turn&, Fields).
     template <typename Work, typename CatchUp>
     bool conduct(const Work& work, const CatchUp& catchUp)
     {
@@ -26,33 +29,31 @@ public:
         if (!turn) {
             return false;
         }
-        m_shownMeanwhile = false;
-        const Fields fields = work(*turn);
-        while (turn->ownerLives() && std::exchange(m_shownMeanwhile, false)) {
-            catchUp(*turn, fields);
+        const Fields allowed = work(*turn);
+        while (turn->ownerLives() && m_missed) {
+            const Fields wanted = *std::exchange(m_missed, std::nullopt);
+            catchUp(*turn, allowed == Fields::Keep ? Fields::Keep : wanted);
         }
         return true;
     }
 
-    /// The page is shown: what it shows is read anew, as soon as no business is under way. A window that the window
-    /// system restores keeps its fields.
+    /// The page is shown: its fields are read anew, as soon as no business is under way. A window that the window
+    /// system restores keeps them.
     template <typename CatchUp>
     void show(const QShowEvent& event, const CatchUp& catchUp)
     {
-        const Fields fields = event.spontaneous() ? Fields::Keep : Fields::Reread;
-        const auto work = [&](const Business::Turn& turn) {
-            catchUp(turn, fields);
-            return fields;
-        };
-        if (!conduct(work, catchUp)) {
-            m_shownMeanwhile = true;
+        if (!event.spontaneous()) {
+            m_missed = Fields::Reread;
+        } else if (!m_missed) {
+            m_missed = Fields::Keep;
         }
+        conduct([](const Business::Turn& /*turn*/) { return Fields::Reread; }, catchUp);
     }
 
     Business::Watch watch() const { return m_business.watch(); }
 
 private:
-    bool m_shownMeanwhile = false;
+    std::optional<Fields> m_missed; ///< by the shows that have not been caught up with
     Business m_business;
 };
 

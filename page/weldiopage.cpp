@@ -20,8 +20,6 @@ namespace
 constexpr int kFontPoints = 10;
 constexpr int kRefreshDelayMs = 16;   ///< within which requests for a new layout become one
 constexpr int kLeastComboHeight = 20; ///< inside, in pixels: what a finger still hits
-constexpr int kComboRadius = 6;       ///< of the selectors' corners, in pixels
-constexpr int kComboArrow = 22;       ///< width of the selectors' arrow, in pixels
 constexpr int kComboFrame = 8;        ///< what a row is higher than the inside of its selectors, in pixels
 
 /// The names; those of signals that are switched off keep a contrast of 4.5 : 1 on white.
@@ -46,7 +44,8 @@ WeldioPage::WeldioPage(WeldSettingPage* settingPage, QWidget* parent)
 
 WeldioPage::~WeldioPage()
 {
-    // Taken away in a host call that a selector made with its signal: Qt still has to do with the selector.
+    // Taken away in a host call that a selector made with its signal: Qt still has to do with the selector, which is
+    // deleted when the event loop is back.
     for (ListComboBox* combo : qAsConst(m_speaking)) {
         combo->setParent(nullptr);
     }
@@ -160,8 +159,8 @@ void WeldioPage::initStyle()
 void WeldioPage::applySheets()
 {
     const int comboHeight = qMax(UiScale::tableRowHeight(this) - kComboFrame, kLeastComboHeight);
-    const QString sheet = detailTabStyleSheet() + QLatin1String(kNameSheet) +
-                          tarvoComboBoxStyleSheet(this, comboHeight, kComboRadius, kComboArrow, true);
+    const QString sheet =
+        detailTabStyleSheet() + QLatin1String(kNameSheet) + ioPageComboBoxStyleSheet(this, comboHeight);
     setStyleSheetOnce(ui->tabWidget_io, UiScale::scaleStylesheet(sheet, this));
     UiScale::applyContentFonts(this, kFontPoints);
     for (QPushButton* button : {ui->pushButton_Cancel, ui->pushButton_Save}) {

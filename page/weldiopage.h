@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QPointer>
+#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
@@ -124,7 +125,7 @@ private:
     std::unique_ptr<IoTable> m_inputs;
     const WeldIoRow* m_retractDirection = nullptr;
     QSharedPointer<KnownPortLists> m_knownLists = QSharedPointer<KnownPortLists>::create();
-    std::vector<WeldIoRow> m_rowsWithoutPorts; ///< their types have changed, and the host was not asked yet
+    QSet<const IoRowTemplate*> m_withoutPorts; ///< signals whose type has changed: the host was not asked for ports yet
     QVector<ListComboBox*> m_speaking;         ///< type selectors whose signal is being answered
     QTimer m_layoutRefresh;                    ///< runs while a refresh of the layout is pending
     bool m_layoutRefreshIsFull = false;

@@ -14,16 +14,18 @@
 #include <QScopeGuard>
 #include <QShowEvent>
 
-#include <utility>
+#include <algorithm>
 
 template <typename Work>
 bool WeldioPage::conduct(const Work& work)
 {
     return m_business.conduct(
         [this, &work](const Business::Turn& turn) {
-            const Fields fields = work(turn);
-            offerDuePorts(turn);
-            return fields;
+            const Fields allowed = work(turn);
+            if (turn.ownerLives()) {
+                offerDuePorts(turn);
+            }
+            return allowed;
         },
         [this](const Business::Turn& turn, Fields fields) { refresh(turn, fields); });
 }
@@ -36,6 +38,12 @@ void WeldioPage::showEvent(QShowEvent* event)
 
 void WeldioPage::refresh(const Business::Turn& turn, Fields fields)
 {
+    // An exception of the host's leaves a page of which nobody knows what may be edited.
+    auto lock = qScopeGuard([this, &turn] {
+        if (turn.ownerLives()) {
+            setEnabled(false);
+        }
+    });
     if (fields == Fields::Reread) {
         PortLists lists(m_knownLists);
         lists.readRegisters();
@@ -50,7 +58,10 @@ void WeldioPage::refresh(const Business::Turn& turn, Fields fields)
         translateIoRowName(QLatin1String(kRetractDirectionKey), m_retractDirection->signal->name));
     scheduleIoLayoutRefresh(true);
     applyIoPageOperateStatus();
-    offerDuePorts(turn);
+    lock.dismiss();
+    if (turn.ownerLives()) {
+        offerDuePorts(turn);
+    }
 }
 
 void WeldioPage::initComBox()
@@ -73,8 +84,9 @@ bool WeldioPage::offerPorts(const std::vector<WeldIoRow>& rows, PortLists& lists
         // The operator may have changed a type while the host was asked for the ports of another row.
         if (const auto ports = lists.offered(*row.signal->portKind, row.typeIndex())) {
             row.offerPorts(ports);
+            m_withoutPorts.remove(row.signal);
         } else {
-            m_rowsWithoutPorts.push_back(row);
+            m_withoutPorts.insert(row.signal);
         }
     }
     return true;
@@ -82,9 +94,13 @@ bool WeldioPage::offerPorts(const std::vector<WeldIoRow>& rows, PortLists& lists
 
 void WeldioPage::offerDuePorts(const Business::Turn& turn)
 {
-    while (turn.ownerLives() && !m_rowsWithoutPorts.empty()) {
+    while (turn.ownerLives() && !m_withoutPorts.isEmpty()) {
+        std::vector<WeldIoRow> rows = allRows();
+        rows.erase(std::remove_if(rows.begin(), rows.end(),
+                                  [this](const WeldIoRow& row) { return !m_withoutPorts.contains(row.signal); }),
+                   rows.end());
         PortLists lists(m_knownLists);
-        offerPorts(std::exchange(m_rowsWithoutPorts, {}), lists);
+        offerPorts(rows, lists);
     }
 }
 
@@ -92,7 +108,7 @@ void WeldioPage::onTypeChanged(const WeldIoRow& changed)
 {
     const WeldIoRow row = changed;
     row.clearPorts();
-    m_rowsWithoutPorts.push_back(row);
+    m_withoutPorts.insert(row.signal);
     const Business::Watch watch = m_business.watch();
     m_speaking.append(row.typeCombo);
     const auto spoken = qScopeGuard([this, &row, &watch] {
@@ -133,7 +149,7 @@ bool WeldioPage::load(const QJsonValue& config, PortLists& lists)
         const PortKind& kind = *rows[i].signal->portKind;
         rows[i].show(stored[i], lists.offered(kind, typeIndexOf(kind, stored[i].serverType)));
     }
-    m_rowsWithoutPorts.clear();
+    m_withoutPorts.clear();
     return true;
 }
 

@@ -35,11 +35,18 @@ void WeldSettingPage::showEvent(QShowEvent* event)
 
 void WeldSettingPage::refresh(const Business::Turn& turn, Fields fields)
 {
+    // An exception of the host's leaves a page of which nobody knows what may be edited.
+    auto lock = qScopeGuard([this, &turn] {
+        if (turn.ownerLives()) {
+            lockPage();
+        }
+    });
     if (!fillSignalCombos(turn) || (fields == Fields::Reread && !loadFromController(turn))) {
         return;
     }
     initPlaneStatus();
     if (applyAccess(turn)) {
+        lock.dismiss();
         initStyle();
     }
 }

@@ -8,6 +8,8 @@
 #include <QTest>
 
 #include <limits>
+#include <stdexcept>
+#include <utility>
 
 Q_DECLARE_METATYPE(QJsonObject)
 
@@ -31,6 +33,8 @@ private slots:
     void allowedWhenItCounts_data();
     void allowedWhenItCounts();
     void pressedMeanwhile();
+    void restoredMeanwhile();
+    void hostThatThrows();
     void pageTakenAway_data();
     void pageTakenAway();
     void fitsItsContent();
@@ -168,6 +172,14 @@ void TestWeldioPage::typesAndElements()
     QCOMPARE(shown.row("gas_protect"), QString("DO||(1)"));
 }
 
+/// The window system restores the page's window.
+static void restore(QWidget* page)
+{
+    QShowEvent restored;
+    QSpontaneKeyEvent::setSpontaneous(&restored);
+    qApp->notify(page, &restored);
+}
+
 void TestWeldioPage::showing()
 {
     Shown shown({{"power_enabled", true}});
@@ -186,9 +198,7 @@ void TestWeldioPage::showing()
     shown.combo("power", "type")->setCurrentIndex(1);
     shown.host.level = 2;
     shown.host.forget();
-    QShowEvent restored;
-    QSpontaneKeyEvent::setSpontaneous(&restored);
-    qApp->notify(&shown.page, &restored);
+    restore(&shown.page);
     QVERIFY(shown.host.reads.filter(kNode).isEmpty() && !shown.page.isEnabled());
     QCOMPARE(shown.row("power"), QString("GO||(1)"));
 }
@@ -250,6 +260,12 @@ void TestWeldioPage::rules_data()
                                {"gas_protect_port", "BoolOut"}};
     QTest::newRow("same element") << elements << used.arg("BoolOut");
     QTest::newRow("other element") << with(elements, {{"gas_protect_bias", 1}}) << saved;
+    QTest::newRow("other server type") << QJsonObject{{"power_type", 1},
+                                                      {"power_port", "GO5"},
+                                                      {"power_enabled", true},
+                                                      {"swing_job_port", "GO5"},
+                                                      {"swing_job_enabled", true}}
+                                       << saved;
     QTest::newRow("required") << QJsonObject{{"gas_protect_port", ""}} << empty;
     QTest::newRow("switched on") << QJsonObject{{"laser_alarm_enabled", true}} << empty;
     QTest::newRow("output, off") << lost << wrong.arg("Descent signal", "Gone%2", "writable register");
@@ -452,6 +468,54 @@ void TestWeldioPage::pressedMeanwhile()
     QCOMPARE(shown.host.commands[0].second.toObject().value("duty_cycle_type"), QJsonValue(0));
     QCOMPARE(shown.row("laser_enable"), QString("DO|DO5|(1)"));
     QCOMPARE(shown.row("duty_cycle"), QString("GO||(1)"));
+    QCOMPARE(shown.combo("duty_cycle", "port")->itemText(30), QString("GO30"));
+}
+
+void TestWeldioPage::restoredMeanwhile()
+{
+    // While a type change asks the host the window is restored, which keeps the edits; nothing is asked twice for it.
+    Shown shown;
+    shown.combo("laser_enable", "port")->setCurrentText("DO9");
+    bool isShown = false;
+    const auto once = [&](const QString& call, const std::function<void()>& action) {
+        shown.host.onCall = [&isShown, call, action](const QString& current) {
+            if (current == call && !std::exchange(isShown, true)) {
+                action();
+            }
+        };
+        isShown = false;
+    };
+    once("io", [&] { restore(&shown.page); });
+    shown.combo("power", "type")->setCurrentIndex(1);
+    QVERIFY(isShown);
+    QCOMPARE(shown.row("laser_enable"), QString("DO|DO9|(1)"));
+    QCOMPARE(shown.row("power"), QString("GO||(1)"));
+    // A real show while a restored window asks for the level reads all the same.
+    once("level", [&] {
+        shown.page.hide();
+        shown.page.show();
+    });
+    restore(&shown.page);
+    QCOMPARE(shown.row("laser_enable"), QString("DO|DO1|(1)"));
+}
+
+void TestWeldioPage::hostThatThrows()
+{
+    // Out of a save, in which a type was changed and the page shown: both are caught up with by the next business.
+    Shown shown;
+    shown.host.onCall = [&](const QString& call) {
+        if (call == "command") {
+            shown.combo("duty_cycle", "type")->setCurrentIndex(1);
+            shown.host.level = 2;
+            shown.page.hide();
+            shown.page.show();
+            throw std::runtime_error("line broken");
+        }
+    };
+    QVERIFY_EXCEPTION_THROWN(shown.page.saveWeldIoConfig(), std::runtime_error);
+    shown.host.onCall = nullptr;
+    shown.combo("power", "type")->setCurrentIndex(1);
+    QVERIFY(!shown.page.isEnabled());
     QCOMPARE(shown.combo("duty_cycle", "port")->itemText(30), QString("GO30"));
 }
 

@@ -95,6 +95,12 @@ QString tarvoComboBoxStyleSheet(const QWidget* w, int height, int radius, int ar
              QString::number(arrowWidth));
 }
 
+QString ioPageComboBoxStyleSheet(const QWidget* w, int height)
+{
+    const ComboShape shape = height > kLowCombo ? highComboShape(w) : lowComboShape(w);
+    return tarvoComboBoxStyleSheet(w, height, shape.radius, shape.arrowWidth, true);
+}
+
 void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height)
 {
     if (combo == nullptr) {
@@ -103,9 +109,7 @@ void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height)
     if (height < 1) {
         height = qMax(panelTextHeight(combo) + UiScale::pxLayout(2, combo), 20);
     }
-    const ComboShape shape = height > kLowCombo ? highComboShape(combo) : lowComboShape(combo);
-    const QString sheet = tarvoComboBoxStyleSheet(combo, height, shape.radius, shape.arrowWidth, true);
-    setStyleSheetOnce(combo, UiScale::scaleStylesheet(sheet, combo));
+    setStyleSheetOnce(combo, UiScale::scaleStylesheet(ioPageComboBoxStyleSheet(combo, height), combo));
     UiScale::configureComboBoxPopup(combo, maxVisible);
 }
 

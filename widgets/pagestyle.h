@@ -24,8 +24,11 @@ void setStyleSheetOnce(QWidget* widget, const QString& sheet);
 /// arrow (30 if below 1).
 QString tarvoComboBoxStyleSheet(const QWidget* w, int height, int radius, int arrowWidth, bool fixedHeight);
 
-/// Gives a combo box that sheet with a fixed height in pixels (below 1: one line of text), the wider arrow and
-/// the rounder corners from a height of 32 on, and a popup of at most maxVisible rows (10 if below 1). Ignores null.
+/// That sheet with a fixed height in pixels, the wider arrow and the rounder corners from a height of 32 on.
+QString ioPageComboBoxStyleSheet(const QWidget* w, int height);
+
+/// Gives a combo box that sheet (with a height below 1: that of one line of text) and a popup of at most maxVisible
+/// rows (10 if below 1). Ignores null.
 void applyIoPageComboBoxStyle(QComboBox* combo, int maxVisible, int height);
 
 /// The dense group box of the welding-parameter form, with its title on the frame. Ignores null.

@@ -15,7 +15,6 @@ public:
     /// Fills a table that has its columns and no rows. signalName: the translated name of a signal.
     IoTable(QTableWidget* table, const QVector<IoRowTemplate>& signalRows, QString (*signalName)(const IoRowTemplate&));
 
-    QTableWidget* widget() const { return m_table; }
     const std::vector<WeldIoRow>& rows() const { return m_rows; }
     AssignedSignals values() const;
 

@@ -77,6 +77,9 @@ KnownPortLists::List PortLists::offered(const PortKind& kind, int typeIndex) con
     if (io != nullptr) {
         return m_points.value(io);
     }
-    const int registers = static_cast<int>(kind.registers);
-    return m_registerNames.isEmpty() ? nullptr : m_known->ofRegisters(kind.registers, m_registerNames.at(registers));
+    const int index = static_cast<int>(kind.registers);
+    if (!m_registers.contains(index) && !m_registerNames.isEmpty()) {
+        m_registers.insert(index, m_known->ofRegisters(kind.registers, m_registerNames.at(index)));
+    }
+    return m_registers.value(index);
 }

@@ -59,7 +59,8 @@ private:
     QSharedPointer<KnownPortLists> m_known;
     QHash<const IoType*, KnownPortLists::List> m_points;
     std::optional<QJsonValue> m_metadata;
-    QVector<QStringList> m_registerNames; ///< by RegisterKind, not sorted; empty: not asked for
+    QVector<QStringList> m_registerNames;                 ///< by RegisterKind, not sorted; empty: not asked for
+    mutable QHash<int, KnownPortLists::List> m_registers; ///< by RegisterKind; sorted when they are needed
 };
 
 #endif
