@@ -507,8 +507,7 @@ void TestWeldioPage::hostThatThrows()
         if (call == "command") {
             shown.combo("duty_cycle", "type")->setCurrentIndex(1);
             shown.host.level = 2;
-            shown.page.hide();
-            shown.page.show();
+            restore(&shown.page);
             throw std::runtime_error("line broken");
         }
     };
