@@ -149,7 +149,8 @@ void TestWeldioPage::typesAndElements()
     shown.combo("red_light", "type")->setCurrentIndex(0);
     QCOMPARE(shown.row("red_light"), QString("DO||(1)"));
     QCOMPARE(shown.saved().value("red_light_bias"), QJsonValue(0));
-    QCOMPARE(shown.combo("light_feedback", "bias")->count(), 1);
+    shown.load({{"light_feedback_type", 2}, {"light_feedback_port", "BoolIn"}, {"light_feedback_bias", 5}});
+    QCOMPARE(shown.row("light_feedback"), QString("REG|BoolIn|1"));
 
     // A register that the controller got meanwhile has its length when its row is loaded.
     QJsonArray registers = shown.host.registers.toArray();
@@ -186,6 +187,7 @@ void TestWeldioPage::showing()
     const QStringList calls = shown.asked([&] {
         shown.page.hide();
         shown.host.nodes[kNode] = mapping({{"power_port", "AO5"}});
+        shown.host.io["GO"].append("AO5"); // a changed type empties the port all the same
         shown.page.show();
     });
     QCOMPARE(calls.mid(0, 2), QStringList({"registers", "read"}));
