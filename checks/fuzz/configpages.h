@@ -20,7 +20,7 @@ struct ConfigPage {
     /// Makes the page take the node in; one that asks the host for it finds it there.
     std::function<void(QWidget* page, FakeHost& host, const QJsonValue& config)> load;
     std::function<QJsonObject(QWidget* page)> save; ///< the save commands that together bring the node, by name
-    /// A node without what this host does not allow beyond its schema.
+    /// A node as far as it can be had from this host, beyond what its schema says.
     std::function<QJsonObject(const FakeHost& host, const QJsonObject& config)> possible;
     /// Whether a node says all by itself and leaves nothing as it is shown.
     std::function<bool(const QJsonObject& config)> isWhole;

@@ -42,12 +42,13 @@ QJsonObject possibleMapping(const FakeHost& host, const QJsonObject& mapping)
         const int type = canBe ? stored : 0;
         QString port = mapping.value(portKey).toString();
         if (!port.isEmpty() && !offered(host, signal, type).contains(port)) {
-            possible.remove(portKey);
             port.clear();
+            possible.insert(portKey, port);
         }
         const bool hasElements = type == IoSignal::kRegister && !port.isEmpty();
-        if (mapping.value(biasKey).toInt() >= (hasElements ? lengthOf(host.registers, port) : 1)) {
-            possible.remove(biasKey);
+        const int last = hasElements ? lengthOf(host.registers, port) - 1 : 0;
+        if (mapping.value(biasKey).toInt() > last) {
+            possible.insert(biasKey, last);
         }
     }
     return possible;

@@ -8,9 +8,9 @@ class FakeHost;
 namespace fuzz
 {
 
-/// A weld I/O mapping without what the host does not allow: ports that are not offered under the type of their signal
-/// (any that the signal can't have counts as the first one), elements that the port does not have. A mapping that can
-/// be had from the host comes back as it is.
+/// A weld I/O mapping as far as it can be had from the host: without ports that are not offered under the type of their
+/// signal (any that the signal can't have counts as the first one), and with the last element of a register for one
+/// that it does not have.
 QJsonObject possibleMapping(const FakeHost& host, const QJsonObject& mapping);
 
 /// Whether a mapping says all by itself: an element below 0 leaves the one that is shown.
