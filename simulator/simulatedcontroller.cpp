@@ -47,6 +47,12 @@ void SimulatedController::setNodes(const QJsonObject& nodes)
     emit dataChanged();
 }
 
+void SimulatedController::setRegisters(const QJsonArray& registers)
+{
+    m_cell.registers = registers;
+    emit dataChanged();
+}
+
 QJsonValue SimulatedController::published(const QString& name) const
 {
     if (!m_connected) {

@@ -27,7 +27,7 @@ public:
     explicit SimulatedController(Cell cell, QObject* parent = nullptr);
 
     /// The cell: signals, registers, tools and the like. Its nodes, values, points and position are those at the
-    /// start; the font zoom is that of now.
+    /// start; registers and font zoom are those of now.
     const Cell& cell() const { return m_cell; }
     /// The nodes as they stand now.
     QJsonObject nodes() const { return m_data.nodes; }
@@ -46,6 +46,8 @@ public:
     QString addPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj);
     /// Replaces the nodes, as something that happens at the machine.
     void setNodes(const QJsonObject& nodes);
+    /// Replaces the registers that the cell describes, in the same way.
+    void setRegisters(const QJsonArray& registers);
 
     bool isConnected() const { return m_connected; }
     bool isPowered() const { return m_powered; }
