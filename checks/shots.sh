@@ -1,4 +1,4 @@
-# Pictures of every page and editor in every language, density and font zoom, and the check of their layout: none may
+# Pictures of every page, tab and editor in every language, density and font zoom, and the check of their layout: none may
 # have a fault, and each must show every control that the plainest one (English, 96 dpi, zoom 1) shows.
 
 if [ $# -gt 1 ]; then

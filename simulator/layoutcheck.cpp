@@ -3,13 +3,18 @@
 #include "simulator/textroom.h"
 
 #include <QCoreApplication>
+#include <QHeaderView>
+#include <QLabel>
 #include <QMap>
+#include <QPixmap>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
 #include <QTabBar>
+#include <QTableView>
 
 #include <algorithm>
+#include <cmath>
 
 namespace sim
 {
@@ -64,10 +69,37 @@ const QAbstractScrollArea* areaOfViewport(const QWidget* widget)
     return area != nullptr && area->viewport() == widget ? area : nullptr;
 }
 
+/// The brightness of a colour as the eye takes it, from 0 to 1, by the formula of the Web's rules for accessibility.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other)
+{
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// What is behind a text: letters cover less than half of their place.
+QColor mostFrequentColor(const QImage& picture)
+{
+    QMap<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            ++counts[picture.pixel(x, y)];
+        }
+    }
+    return counts.isEmpty() ? QColor() : QColor(std::max_element(counts.begin(), counts.end()).key());
+}
+
 class Check
 {
 public:
-    explicit Check(const QWidget* root) : m_root(root) {}
+    explicit Check(QWidget* root) : m_root(root), m_picture(root->grab().toImage()) {}
 
     QVector<LayoutFault> run()
     {
@@ -85,6 +117,8 @@ public:
                 solid.append(widget);
             }
             checkTargets(widget);
+            checkContrast(widget);
+            checkReach(widget);
         }
         checkOverlaps(solid);
         checkColumns(solid);
@@ -177,6 +211,38 @@ private:
         }
     }
 
+    /// Columns or rows that lie beyond a table's edge and can't be scrolled to.
+    void checkReach(const QWidget* widget)
+    {
+        const auto* table = qobject_cast<const QTableView*>(widget);
+        if (table == nullptr) {
+            return;
+        }
+        const auto check = [this, table](int length, int room, Qt::ScrollBarPolicy policy) {
+            if (length > room && policy == Qt::ScrollBarAlwaysOff) {
+                add(Kind::Outside, table, {}, tr("shows %1 of %2 pixels and does not scroll").arg(room).arg(length));
+            }
+        };
+        const QSize room = table->viewport()->size();
+        check(table->horizontalHeader()->length(), room.width(), table->horizontalScrollBarPolicy());
+        check(table->verticalHeader()->length(), room.height(), table->verticalScrollBarPolicy());
+    }
+
+    void checkContrast(const QWidget* widget)
+    {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (label == nullptr || label->text().trimmed().isEmpty()) {
+            return;
+        }
+        const QRect place(label->mapTo(m_root, QPoint()), label->size());
+        const QColor behind = mostFrequentColor(m_picture.copy(place.intersected(m_picture.rect())));
+        const double found = contrast(label->palette().color(label->foregroundRole()), behind);
+        if (behind.isValid() && found < kLeastContrast) {
+            add(Kind::FaintText, label, label->text(),
+                tr("has a contrast of %1 to its background").arg(QString::number(found, 'f', 1)));
+        }
+    }
+
     void checkTargets(const QWidget* widget)
     {
         const auto check = [this, widget](const QSize& size, const QString& text) {
@@ -236,14 +302,15 @@ private:
         }
     }
 
-    const QWidget* m_root;
+    QWidget* m_root;
+    QImage m_picture;
     QVector<LayoutFault> m_faults;
     QSet<const QWidget*> m_scrolled;
 };
 
 } // namespace
 
-QVector<LayoutFault> layoutFaults(const QWidget* root)
+QVector<LayoutFault> layoutFaults(QWidget* root)
 {
     return Check(root).run();
 }

@@ -16,6 +16,7 @@ struct LayoutFault {
         Outside,        ///< a widget is partly outside one of those that it lies in, which does not scroll
         SidewaysScroll, ///< a page must be scrolled sideways to be seen whole
         Overlap,        ///< two widgets of one parent cover each other
+        FaintText,      ///< a label's text has less than kLeastContrast to what is behind it
         SmallTarget,    ///< what has to be touched is under kLeastTarget pixels wide or high
         Uneven          ///< one of the fields below each other is more than kUnevenness higher than another
     };
@@ -28,6 +29,10 @@ struct LayoutFault {
 /// The least width and height of what a finger has to hit.
 constexpr int kLeastTarget = 24;
 
+/// The least contrast of a text to its background, from 1 (none) to 21 (black on white): what a person with weak eyes
+/// still reads.
+constexpr double kLeastContrast = 4.5;
+
 /// So much the heights of fields in one column may differ, in pixels: styles give a list and a number not quite the
 /// same.
 constexpr int kUnevenness = 3;
@@ -35,7 +40,7 @@ constexpr int kUnevenness = 3;
 /// What is wrong with the layout of a visible widget and all that can be seen in it. Knows widgets by Qt's classes and
 /// by the names of others', so that it works on the pages of any plug-in. The layouts must have settled. Scroll bars
 /// and the step buttons of spin boxes are no targets: pages are scrolled, and numbers typed, without them.
-QVector<LayoutFault> layoutFaults(const QWidget* root);
+QVector<LayoutFault> layoutFaults(QWidget* root);
 
 } // namespace sim
 

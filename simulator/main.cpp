@@ -198,12 +198,12 @@ QStringList loadPlugins(const Options& options, PluginLoader* loader, PendantWin
     return names;
 }
 
-int runShots(PendantWindow* window, SimHost* host, const SimulatedController& controller, const Options& options,
+int runShots(PendantWindow* window, SimHost* host, SimulatedController* controller, const Options& options,
              const QStringList& plugins)
 {
     const int dpi = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInch());
-    const double zoom = controller.fontZoom();
-    Shots shots(window, host, {options.language, dpi, zoom}, QDir(options.shotsFolder));
+    const double zoom = controller->fontZoom();
+    Shots shots(window, host, controller, {options.language, dpi, zoom}, QDir(options.shotsFolder));
     return shots.run(plugins) == 0 ? ExitOk : ExitShotsFailed;
 }
 
@@ -232,7 +232,7 @@ int runWindow(const Options& options, SimulatedController* controller, Journal* 
         return runTour(&window, controller, journal, options.tourFolder);
     }
     if (!options.shotsFolder.isEmpty()) {
-        return runShots(&window, host, *controller, options, plugins);
+        return runShots(&window, host, controller, options, plugins);
     }
     window.show();
     return QApplication::exec();

@@ -1,5 +1,6 @@
 #include "simulator/shots.h"
 
+#include "simulator/confignodes.h"
 #include "simulator/layoutcheck.h"
 #include "simulator/pluginarea.h"
 #include "simulator/program/editorframe.h"
@@ -8,10 +9,13 @@
 
 #include <QDialog>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QToolButton>
 
 namespace sim
@@ -69,6 +73,11 @@ int hiddenHeight(const QWidget* page)
             hidden = qMax(hidden, area->widget()->height() - area->viewport()->height());
         }
     }
+    for (const QTableView* table : page->findChildren<QTableView*>()) {
+        if (table->isVisible()) {
+            hidden = qMax(hidden, table->verticalHeader()->length() - table->viewport()->height());
+        }
+    }
     return hidden;
 }
 
@@ -104,8 +113,9 @@ struct Shots::Pane {
 
 const Shots::Pane Shots::kPanes[] = {{0, "insert"}, {1, "change"}};
 
-Shots::Shots(PendantWindow* window, SimHost* host, const Look& look, const QDir& folder)
-    : m_window(window), m_host(host), m_look(look), m_folder(folder), m_out(stdout)
+Shots::Shots(PendantWindow* window, SimHost* host, SimulatedController* controller, const Look& look,
+             const QDir& folder)
+    : m_window(window), m_host(host), m_controller(controller), m_look(look), m_folder(folder), m_out(stdout)
 {
 }
 
@@ -114,18 +124,19 @@ int Shots::run(const QStringList& plugins)
     m_window->show();
     settle();
     m_window->showAlone(kScreenWidth);
-    for (const QString& plugin : plugins) {
-        if (QWidget* page = m_host->page(plugin)) {
-            shootPage(page, plugin);
-        }
-    }
+    shootPages(plugins);
     // The page in place of that of a plug-in that did not load.
     for (const QLabel* failure : m_window->findChildren<QLabel*>(QStringLiteral("loadFailure"))) {
         complain(tr("a plug-in"), failure->text().simplified());
     }
     shootStatusItems();
     shootButtons();
+    const QSize size = m_window->size();
     shootEditors();
+    m_window->showProgram(false);
+    m_window->resize(size);
+    enableWelding();
+    shootPages(plugins, QStringLiteral("-locked"));
     if (m_pictures == 0) {
         complain(tr("nothing"), tr("there is no page and no editor to take a picture of"));
     }
@@ -135,7 +146,25 @@ int Shots::run(const QStringList& plugins)
     return m_faults;
 }
 
-void Shots::shootPage(QWidget* page, const QString& plugin)
+void Shots::shootPages(const QStringList& plugins, const QString& state)
+{
+    for (const QString& plugin : plugins) {
+        if (QWidget* page = m_host->page(plugin)) {
+            shootPage(page, plugin, state);
+        }
+    }
+}
+
+void Shots::enableWelding()
+{
+    QJsonObject nodes = m_controller->nodes();
+    QJsonObject setting = nodes.value(QLatin1String(node::kSetting)).toObject();
+    setting.insert(QLatin1String(node::kMainEnable), true);
+    nodes.insert(QLatin1String(node::kSetting), setting);
+    m_controller->setNodes(nodes);
+}
+
+void Shots::shootPage(QWidget* page, const QString& plugin, const QString& state)
 {
     auto* area = m_window->findChild<PluginArea*>();
     area->setCurrentWidget(area->pageOf(plugin));
@@ -143,7 +172,7 @@ void Shots::shootPage(QWidget* page, const QString& plugin)
     const auto* navigation = page->findChild<QWidget*>(QStringLiteral("wgtNav"));
     const auto* stack = page->findChild<QStackedWidget*>();
     if (navigation == nullptr || stack == nullptr) {
-        shootWhole(page, fileWord(plugin));
+        shootTabs(page, fileWord(plugin), state);
         return;
     }
     for (QToolButton* button : navigation->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -153,8 +182,31 @@ void Shots::shootPage(QWidget* page, const QString& plugin)
             complain(name, tr("the button \"%1\": %2").arg(button->text(), obstacle));
         }
         userinput::settle(kSlideMs);
-        shootWhole(page, name);
+        shootTabs(page, name, state);
     }
+}
+
+/// What is on a tab that is not open would be in no picture.
+void Shots::shootTabs(QWidget* page, const QString& name, const QString& state)
+{
+    const QTabWidget* tabs = nullptr;
+    for (const QTabWidget* candidate : page->findChildren<QTabWidget*>()) {
+        tabs = candidate->isVisible() ? candidate : tabs;
+    }
+    if (tabs == nullptr) {
+        shootWhole(page, name + state);
+        return;
+    }
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        const QString obstacle = userinput::click(tabs->tabBar(), tabs->tabBar()->tabRect(tab).center());
+        const QString own = name + QLatin1Char('-') + fileWord(tabs->widget(tab)->objectName()) + state;
+        if (!obstacle.isEmpty()) {
+            complain(own, tr("the tab \"%1\": %2").arg(tabs->tabText(tab), obstacle));
+        }
+        userinput::settle(kSlideMs);
+        shootWhole(page, own);
+    }
+    userinput::click(tabs->tabBar(), tabs->tabBar()->tabRect(0).center());
 }
 
 /// What is scrolled out of sight would be in no picture: the window grows until the page is whole.

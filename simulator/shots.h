@@ -12,11 +12,12 @@ namespace sim
 
 class EditorFrame;
 
-/// Takes a picture of every page, status item and instruction editor of the loaded plug-ins, of the pendant buttons and
-/// the monitor, each at the size that it has beside or on a screen of 1280 pixels, and checks their layout. A denser
-/// screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and zoom: Qt
-/// reads a density once, and plug-ins read language and zoom when they are built. So each writes a list of what its
-/// pictures show, for others to compare ("controls_zh_144dpi_z1.5.txt", a line "view: class name" for each control).
+/// Takes a picture of every page and every tab on it, of every status item and instruction editor of the loaded
+/// plug-ins, of the pendant buttons and the monitor, each at the size that it has beside or on a screen of 1280 pixels,
+/// and checks their layout; the pages also while welding is enabled. A denser screen has no more pixels: plug-ins have
+/// to damp their fonts. One process shows one language, density and zoom: Qt reads a density once, and plug-ins read
+/// language and zoom when they are built. So each writes a list of what its pictures show, for others to compare
+/// ("controls_zh_144dpi_z1.5.txt", a line "view: class name" for each control).
 class Shots
 {
     Q_DECLARE_TR_FUNCTIONS(sim::Shots)
@@ -30,7 +31,7 @@ public:
     };
 
     /// folder must exist.
-    Shots(PendantWindow* window, SimHost* host, const Look& look, const QDir& folder);
+    Shots(PendantWindow* window, SimHost* host, SimulatedController* controller, const Look& look, const QDir& folder);
 
     /// Takes the pictures of these plug-ins, prints one line per fault and returns how many there are.
     int run(const QStringList& plugins);
@@ -39,7 +40,11 @@ private:
     struct Pane;
     static const Pane kPanes[];
 
-    void shootPage(QWidget* page, const QString& plugin);
+    /// state: the end of the names of their pictures, for pages that are in another state than usual.
+    void shootPages(const QStringList& plugins, const QString& state = {});
+    void shootPage(QWidget* page, const QString& plugin, const QString& state);
+    void shootTabs(QWidget* page, const QString& name, const QString& state);
+    void enableWelding();
     void shootWhole(QWidget* page, const QString& name);
     void shootStatusItems();
     void shootButtons(); ///< and the monitor that one of them opens
@@ -53,6 +58,7 @@ private:
 
     PendantWindow* m_window;
     SimHost* m_host;
+    SimulatedController* m_controller;
     Look m_look;
     QDir m_folder;
     QTextStream m_out;

@@ -1,5 +1,6 @@
 #include "simulator/userinput.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -23,12 +24,18 @@ QString tr(const char* text)
     return QCoreApplication::translate("sim::UserInput", text);
 }
 
-/// Scrolls every scroll area around the widget so that it can be reached.
+/// Scrolls every scroll area and table around the widget so that it can be reached.
 void bringIntoView(QWidget* widget)
 {
     for (QWidget* parent = widget->parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(parent)) {
             area->ensureWidgetVisible(widget);
+        }
+        auto* view = qobject_cast<QAbstractItemView*>(parent);
+        if (view != nullptr && view->viewport()->isAncestorOf(widget)) {
+            // In a cell, which the view knows wherever it has been scrolled to.
+            const QPoint middle = widget->mapTo(view->viewport(), widget->rect().center());
+            view->scrollTo(view->indexAt(middle));
         }
     }
 }

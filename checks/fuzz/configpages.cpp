@@ -1,13 +1,16 @@
 #include "checks/fuzz/configpages.h"
 
 #include "checks/fuzz/input.h"
+#include "checks/fuzz/mappingcheck.h"
 #include "checks/fuzz/require.h"
 #include "page/laserweldpage.h"
+#include "page/weldiopage.h"
 #include "page/weldsettingpage.h"
 #include "simulator/confignodes.h"
 #include "tests/fakehost.h"
 
 #include <QApplication>
+#include <QJsonArray>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -23,9 +26,21 @@ template <typename Page, void (Page::*Load)(const QJsonValue&), QJsonObject (Pag
 ConfigPage row(const char* node)
 {
     return {
-        Page::staticMetaObject.className(), node,
+        Page::staticMetaObject.className(),
+        node,
         [](QWidget* page, FakeHost& /*host*/, const QJsonValue& config) { (static_cast<Page*>(page)->*Load)(config); },
-        [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); }};
+        [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); },
+        [](const FakeHost& /*host*/, const QJsonObject& config) { return config; },
+        [](const QJsonObject& /*config*/) { return true; }};
+}
+
+ConfigPage mappingRow()
+{
+    ConfigPage page =
+        row<WeldioPage, &WeldioPage::loadWeldIOConfigFromJson, &WeldioPage::saveWeldIOConfigToJson>("weld_io_config");
+    page.possible = possibleMapping;
+    page.isWhole = isWholeMapping;
+    return page;
 }
 
 /// A page with several nodes has several rows.
@@ -34,6 +49,7 @@ const QVector<ConfigPage>& rows()
     static const QVector<ConfigPage> all = {
         row<WeldSettingPage, &WeldSettingPage::loadServerConfigFromJson, &WeldSettingPage::saveServerConfigToJson>(
             "weld_setting_config"),
+        mappingRow(),
     };
     return all;
 }
@@ -88,10 +104,51 @@ void publishCell(FakeHost& host)
     for (auto node = nodes.constBegin(); node != nodes.constEnd(); ++node) {
         host.nodes.insert(node.key(), node.value());
     }
-    host.registers = shippedCell().value(QLatin1String("registers"));
+    offerPorts(host);
+}
+
+/// The names of a series: {"prefix": "DO", "first": 1, "count": 64}.
+QStringList namesIn(const QJsonObject& series)
+{
+    const int first = series.value(QLatin1String("first")).toInt();
+    QStringList names;
+    for (int i = 0; i < series.value(QLatin1String("count")).toInt(); ++i) {
+        names.append(series.value(QLatin1String("prefix")).toString() + QString::number(first + i));
+    }
+    require(!names.isEmpty(), "the cell's I/O signals are no series");
+    return names;
+}
+
+/// Few enough that what is done to one of them matters.
+QJsonArray namedRegisters()
+{
+    const QJsonObject mapping = shippedCell().value(QLatin1String("nodes"))[QLatin1String("weld_io_config")].toObject();
+    const QVariantList values = mapping.toVariantMap().values();
+    QJsonArray named;
+    for (const QJsonValue entry : shippedCell().value(QLatin1String("registers")).toArray()) {
+        if (values.contains(entry[QLatin1String("name")].toVariant())) {
+            named.append(entry);
+        }
+    }
+    return named;
 }
 
 } // namespace
+
+void offerPorts(FakeHost& host)
+{
+    static const QJsonArray registers = namedRegisters();
+    static const QMap<QString, QStringList> io = [] {
+        QMap<QString, QStringList> points;
+        const QJsonObject types = shippedCell().value(QLatin1String("io")).toObject();
+        for (auto type = types.constBegin(); type != types.constEnd(); ++type) {
+            points.insert(type.key(), namesIn(type.value().toObject()));
+        }
+        return points;
+    }();
+    host.registers = registers;
+    host.io = io;
+}
 
 QVector<OpenPage> openConfigPages(FakeHost& host)
 {

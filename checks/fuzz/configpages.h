@@ -20,6 +20,10 @@ struct ConfigPage {
     /// Makes the page take the node in; one that asks the host for it finds it there.
     std::function<void(QWidget* page, FakeHost& host, const QJsonValue& config)> load;
     std::function<QJsonObject(QWidget* page)> save; ///< the save commands that together bring the node, by name
+    /// A node as far as it can be had from this host, beyond what its schema says.
+    std::function<QJsonObject(const FakeHost& host, const QJsonObject& config)> possible;
+    /// Whether a node says all by itself and leaves nothing as it is shown.
+    std::function<bool(const QJsonObject& config)> isWhole;
 };
 
 /// A page of the main page, with its row.
@@ -27,6 +31,10 @@ struct OpenPage {
     const ConfigPage* row;
     QWidget* widget;
 };
+
+/// Lets the host offer what the shipped cell does: all of its I/O signals, and those of its registers that its nodes
+/// name.
+void offerPorts(FakeHost& host);
 
 /// Builds the package's main page once and finds the page of every row. Each sub-page is shown once: one that
 /// reads a configuration node and has no row ends the process, and so does a row without a page.

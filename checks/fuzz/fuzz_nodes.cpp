@@ -1,7 +1,9 @@
 // Configuration nodes as a controller may publish them, into every page that edits one and out again. An input is a
-// node as JSON text, or decisions that take the node of the simulator's cell apart.
+// node as JSON text, which may hold the controller's "registers" too, or decisions that take the node and the registers
+// of the simulator's cell apart.
 #include "checks/fuzz/application.h"
 #include "checks/fuzz/configpages.h"
+#include "checks/fuzz/damage.h"
 #include "checks/fuzz/input.h"
 #include "checks/fuzz/nodecheck.h"
 #include "checks/fuzz/require.h"
@@ -58,11 +60,27 @@ void checkPage(const OpenPage& page, const QJsonValue& config)
         require(written == before, "a value that is no object changes the page");
         return;
     }
-    requireKept(node, config.toObject(), written);
+    requireKept(node, page.row->possible(host(), config.toObject()), written);
+    require(page.row->possible(host(), written) == written, "what is saved can't be had from this host");
     require(loadAndSave(page, written) == written, "what was saved changes when it is loaded and saved again");
+    if (!page.row->isWhole(config.toObject())) {
+        return;
+    }
     for (const QJsonObject& other : {QJsonObject(), highestNode(node)}) {
         loadAndSave(page, other);
         require(loadAndSave(page, config) == written, "what is saved depends on what was loaded before");
+    }
+}
+
+/// What the controller offers is another one's by now, or the line is down.
+void changeOffer(Dice& dice)
+{
+    for (int left = dice.below(4); left > 0; --left) {
+        host().registers = dice.oneIn(8) ? anyValue(dice) : damaged(host().registers, dice);
+    }
+    if (dice.oneIn(16)) {
+        host().io.clear();
+        host().registers = QJsonValue(QJsonValue::Undefined);
     }
 }
 
@@ -82,8 +100,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ByteDice dice = input.dice();
     const QJsonValue nodes = shippedCell().value(QLatin1String("nodes"));
     host().forget();
+    offerPorts(host());
+    const QJsonValue json = input.json();
+    if (input.holdsDecisions()) {
+        changeOffer(dice);
+    } else if (json.toObject().contains(QLatin1String("registers"))) {
+        host().registers = json[QLatin1String("registers")];
+    }
     for (const OpenPage& page : pages()) {
-        checkPage(page, input.holdsDecisions() ? scrambled(nodes[QLatin1String(page.row->node)], dice) : input.json());
+        checkPage(page, input.holdsDecisions() ? scrambled(nodes[QLatin1String(page.row->node)], dice) : json);
     }
     require(host().commands.isEmpty(), "loading a node sends a command");
     require(host().messages.isEmpty(), "loading a node tells the operator something");

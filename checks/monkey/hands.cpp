@@ -225,6 +225,12 @@ QVector<QWidget*> usable(const QWidget* root)
     return found;
 }
 
+bool isToBeChosen(const QWidget* widget)
+{
+    const auto* combo = qobject_cast<const QComboBox*>(widget);
+    return combo != nullptr && !combo->isEditable() && combo->count() > 1 && combo->currentText().isEmpty();
+}
+
 QString nameOf(const QWidget* widget)
 {
     const auto* button = qobject_cast<const QAbstractButton*>(widget);

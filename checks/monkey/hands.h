@@ -15,6 +15,9 @@ namespace hands
 /// The widgets below root that can be used now: visible, enabled, of a kind that takes input. In a stable order.
 QVector<QWidget*> usable(const QWidget* root);
 
+/// Whether the widget is a list of which nothing is chosen.
+bool isToBeChosen(const QWidget* widget);
+
 /// A name that tells the widget from its siblings and stays the same from run to run.
 QString nameOf(const QWidget* widget);
 

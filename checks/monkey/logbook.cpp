@@ -26,7 +26,7 @@ void Logbook::complain(const QString& what)
 QStringList Logbook::inventory() const
 {
     QStringList lines;
-    for (const QString& thing : m_offered) {
+    for (const QString& thing : m_offered.keys()) {
         lines.append(QStringLiteral("offered %1").arg(thing));
     }
     for (const QString& thing : m_used) {

@@ -26,9 +26,10 @@ public:
     QMap<QString, int> counts() const { return m_counts; }
 
     /// A thing that an operator could have used, and one that was.
-    void offered(const QString& thing) { m_offered.insert(thing); }
+    void offered(const QString& thing) { ++m_offered[thing]; }
     void used(const QString& thing) { m_used.insert(thing); }
     bool wasUsed(const QString& thing) const { return m_used.contains(thing); }
+    int timesOffered(const QString& thing) const { return m_offered.value(thing); }
     /// Both as sorted lines "offered thing" and "used thing".
     QStringList inventory() const;
 
@@ -40,7 +41,7 @@ private:
     QCryptographicHash m_hash{QCryptographicHash::Sha256};
     QString m_finding;
     QMap<QString, int> m_counts;
-    QSet<QString> m_offered;
+    QMap<QString, int> m_offered; ///< and how often
     QSet<QString> m_used;
 };
 

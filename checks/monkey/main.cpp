@@ -30,6 +30,7 @@ private:
 /// Beginnings of warnings that say nothing about us.
 constexpr const char* kHarmlessWarnings[] = {
     "This plugin does not support ", // the offscreen platform about itself, at every new window or popup
+    "[corvane][JsonCommon] getRegisterValue is not an array", // the line is down
 };
 
 Logbook* theLogbook = nullptr;

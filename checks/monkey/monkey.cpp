@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QJsonDocument>
 #include <QPixmap>
+#include <QPushButton>
 #include <QToolButton>
 
 #include <algorithm>
@@ -26,7 +28,7 @@ constexpr int kLongestPauseMs = 800;
 /// One host call out of so many takes long enough for something else to happen.
 constexpr int kSlowCalls = 12;
 /// The rows of others' doings.
-constexpr int kOthers = 6;
+constexpr int kOthers = 7;
 
 /// Whatever navigates does so with tool buttons that stay down.
 bool opensPage(const QWidget* widget)
@@ -43,13 +45,25 @@ QString onOff(bool on)
 } // namespace
 
 // What others do comes first: see interfere().
-const Monkey::ActionRow Monkey::kActions[] = {
-    {"level", 5, &Monkey::changeLevel},   {"power", 3, &Monkey::changePower},     {"line", 2, &Monkey::changeLine},
-    {"value", 1, &Monkey::changeValue},   {"answer", 5, &Monkey::changeAnswer},   {"node", 5, &Monkey::changeNode},
-    {"use", 52, &Monkey::useWidget},      {"again", 6, &Monkey::useAgain},        {"key", 8, &Monkey::pressKey},
-    {"click", 6, &Monkey::clickAnywhere}, {"page", 6, &Monkey::openPage},         {"show", 5, &Monkey::showAgain},
-    {"time", 3, &Monkey::letTimePass},    {"size", 1, &Monkey::resize},           {"paint", 1, &Monkey::paint},
-    {"program", 6, &Monkey::openProgram}, {"spoil", 3, &Monkey::spoilProgramFile}};
+const Monkey::ActionRow Monkey::kActions[] = {{"level", 5, &Monkey::changeLevel},
+                                              {"power", 3, &Monkey::changePower},
+                                              {"line", 2, &Monkey::changeLine},
+                                              {"value", 1, &Monkey::changeValue},
+                                              {"answer", 5, &Monkey::changeAnswer},
+                                              {"node", 5, &Monkey::changeNode},
+                                              {"register", 3, &Monkey::changeRegister},
+                                              {"use", 52, &Monkey::useWidget},
+                                              {"again", 6, &Monkey::useAgain},
+                                              {"finish", 14, &Monkey::finish},
+                                              {"key", 8, &Monkey::pressKey},
+                                              {"click", 6, &Monkey::clickAnywhere},
+                                              {"page", 6, &Monkey::openPage},
+                                              {"show", 5, &Monkey::showAgain},
+                                              {"time", 3, &Monkey::letTimePass},
+                                              {"size", 1, &Monkey::resize},
+                                              {"paint", 1, &Monkey::paint},
+                                              {"program", 6, &Monkey::openProgram},
+                                              {"spoil", 3, &Monkey::spoilProgramFile}};
 
 Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHost* host, Logbook* logbook, Dice* dice)
     : m_window(window),
@@ -57,7 +71,8 @@ Monkey::Monkey(PendantWindow* window, SimulatedController* controller, WatchedHo
       m_host(host),
       m_logbook(logbook),
       m_dice(dice),
-      m_soundNodes(controller->nodes())
+      m_soundNodes(controller->nodes()),
+      m_soundRegisters(controller->cell().registers)
 {
     // A file dialog leads anywhere on the disk.
     window->programEditor()->setFileChooser([this](FileUse, const QString&) { return chooseFile(); });
@@ -159,17 +174,33 @@ QVector<QWidget*> Monkey::usableIn(Room room) const
     return found;
 }
 
+/// Those that were never used; of them what was seen the least, as it may soon be gone. All when there are none.
+QVector<QWidget*> Monkey::mostCuriousOf(const QVector<QWidget*>& widgets) const
+{
+    QMap<int, QVector<QWidget*>> unknown;
+    for (QWidget* widget : widgets) {
+        const QString name = hands::nameOf(widget);
+        if (!m_logbook->wasUsed(name)) {
+            unknown[m_logbook->timesOffered(name)].append(widget);
+        }
+    }
+    return unknown.isEmpty() ? widgets : unknown.first();
+}
+
 QString Monkey::useOneOf(QVector<QWidget*> widgets)
 {
     if (widgets.isEmpty()) {
         return QStringLiteral("nothing can be used");
     }
-    // Curious: what is new comes first half of the time, so that nothing stays unused for long.
+    // What is empty asks to be filled in; with one empty field among fifty, a page would hardly ever be complete.
+    if (m_dice->oneIn(3)) {
+        QVector<QWidget*> empty;
+        std::copy_if(widgets.cbegin(), widgets.cend(), std::back_inserter(empty), hands::isToBeChosen);
+        widgets = empty.isEmpty() ? widgets : empty;
+    }
+    // Curious half of the time, so that nothing stays unused for long.
     if (m_dice->oneIn(2)) {
-        QVector<QWidget*> unknown;
-        std::copy_if(widgets.cbegin(), widgets.cend(), std::back_inserter(unknown),
-                     [this](const QWidget* widget) { return !m_logbook->wasUsed(hands::nameOf(widget)); });
-        widgets = unknown.isEmpty() ? widgets : unknown;
+        widgets = mostCuriousOf(widgets);
     }
     // By kind first: two buttons that do something among twenty fields are to be pressed as often as these.
     QMap<QString, QVector<QWidget*>> kinds;
@@ -189,6 +220,22 @@ QString Monkey::useAgain()
 {
     return m_lastUsed != nullptr && hands::usable(stage()).contains(m_lastUsed) ? useOneOf({m_lastUsed})
                                                                                 : QStringLiteral("gone");
+}
+
+/// Whoever has changed something means to keep or to drop it. A page with fifty fields and two such buttons would
+/// hardly be saved before one of the fields is spoilt.
+QString Monkey::finish()
+{
+    if (stage() != m_window) {
+        return QStringLiteral("something else is open");
+    }
+    QVector<QWidget*> buttons;
+    for (QWidget* widget : usableIn(Room::Page)) {
+        if (qobject_cast<QPushButton*>(widget) != nullptr) {
+            buttons.append(widget);
+        }
+    }
+    return useOneOf(buttons);
 }
 
 QString Monkey::useWidget()
@@ -322,6 +369,38 @@ QString Monkey::changeNode()
     nodes.insert(name, spoil ? scrambled(sound, *m_dice) : sound);
     m_controller->setNodes(nodes);
     return name + (spoil ? QStringLiteral(" spoilt") : QStringLiteral(" mended"));
+}
+
+QString Monkey::changeRegister()
+{
+    const QJsonArray& registers = m_soundRegisters;
+    const auto access = [&registers](int place) { return registers.at(place)[QLatin1String("rw")].toString(); };
+    if (m_dice->oneIn(3)) {
+        for (int place = 0; place < registers.size(); ++place) {
+            m_controller->setRegisterPublished(place, true);
+            m_controller->setRegisterAccess(place, access(place));
+        }
+        return QStringLiteral("all mended");
+    }
+    // Mostly one that is in use: any other is hardly ever missed.
+    const QByteArray nodes = QJsonDocument(m_soundNodes).toJson();
+    QVector<int> used;
+    for (int i = 0; i < registers.size(); ++i) {
+        if (nodes.contains('"' + registers.at(i)[QLatin1String("name")].toString().toUtf8() + '"')) {
+            used.append(i);
+        }
+    }
+    const int any = m_dice->below(registers.size());
+    const int place = used.isEmpty() || m_dice->oneIn(3) ? any : m_dice->oneOf(used);
+    const QString name = registers.at(place)[QLatin1String("name")].toString();
+    if (m_dice->oneIn(3)) {
+        m_controller->setRegisterPublished(place, false);
+        return name + QStringLiteral(" is gone");
+    }
+    const QString changed =
+        m_dice->oneOf(QStringList{QStringLiteral("ro"), QStringLiteral("wo"), QStringLiteral("rw")});
+    m_controller->setRegisterAccess(place, changed);
+    return name + QLatin1Char(' ') + changed;
 }
 
 QString Monkey::letTimePass()

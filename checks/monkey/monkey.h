@@ -10,8 +10,8 @@
 #include <QTemporaryDir>
 
 /// A random operator, at a machine to which anything may happen: works whatever the pendant shows, changes level,
-/// power, line, nodes and answers, and acts again while the pendant waits for an answer, to whatever call. It knows no
-/// page by name, so a new page or editor needs nothing here.
+/// power, line, nodes, registers and answers, and acts again while the pendant waits for an answer, to whatever call.
+/// It knows no page by name, so a new page or editor needs nothing here.
 class Monkey
 {
 public:
@@ -39,10 +39,12 @@ private:
 
     enum class Room { Page, Navigation, Program, Inspector, Keys, Frame };
     QVector<QWidget*> usableIn(Room room) const;
+    QVector<QWidget*> mostCuriousOf(const QVector<QWidget*>& widgets) const;
     QString useOneOf(QVector<QWidget*> widgets);
 
     QString useWidget();
     QString useAgain();
+    QString finish();
     QString pressKey();
     QString clickAnywhere();
     QString openPage();
@@ -56,6 +58,7 @@ private:
     QString changeValue();
     QString changeAnswer();
     QString changeNode();
+    QString changeRegister();
     QString letTimePass();
     QString resize();
     QString paint();
@@ -65,8 +68,9 @@ private:
     WatchedHost* m_host;
     Logbook* m_logbook;
     Dice* m_dice;
-    const QJsonObject m_soundNodes; ///< as the cell has them
-    QTemporaryDir m_programs;       ///< where the pendant's programs are kept
+    const QJsonObject m_soundNodes;    ///< as the cell has them
+    const QJsonArray m_soundRegisters; ///< the same
+    QTemporaryDir m_programs;          ///< where the pendant's programs are kept
     QPointer<QWidget> m_lastUsed;
     int m_left = 0; ///< actions that are still to be done
     int m_leftWhileWaiting = 0;

@@ -1,5 +1,6 @@
 #include "checks/monkey/referee.h"
 
+#include "checks/monkey/iorules.h"
 #include "simulator/weldcommands.h"
 
 #include <QJsonObject>
@@ -12,6 +13,7 @@ constexpr int kLowestChangingLevel = 3;
 
 const QString kEnable = QStringLiteral("set_weld_enable");
 const QString kSetSettings = QStringLiteral("set_weld_setting_config");
+const QString kSetMapping = QStringLiteral("set_weld_io_config");
 const QString kFeedWire = QStringLiteral("set_weld_feed_wire");
 const QString kRetractWire = QStringLiteral("set_weld_retract_wire");
 const QString kComputeCurve = QStringLiteral("compute_curve_config");
@@ -33,12 +35,28 @@ QMap<QString, int> fieldsOf(const QObject* page)
     return fields;
 }
 
+/// Whether "Weld Setup" enables welding, by what that does to a field of its own: it is locked.
+bool isWeldingEnabled(const QObject* neighbour)
+{
+    const auto* page = qobject_cast<const QWidget*>(neighbour);
+    const auto* field =
+        page != nullptr ? page->window()->findChild<QSpinBox*>(QStringLiteral("spinBox_laser_power")) : nullptr;
+    const QWidget* setup = field;
+    while (setup != nullptr && !setup->inherits("WeldSettingPage")) {
+        setup = setup->parentWidget();
+    }
+    if (setup == nullptr) {
+        qFatal("the referee does not find the field of the laser's power");
+    }
+    return !field->isEnabledTo(setup);
+}
+
 } // namespace
 
 Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
 {
     // A rule about a command that nobody sends under that name would never be broken.
-    for (const QString& name : {kEnable, kSetSettings, kFeedWire, kRetractWire, kComputeCurve, kMonitor}) {
+    for (const QString& name : {kEnable, kSetSettings, kSetMapping, kFeedWire, kRetractWire, kComputeCurve, kMonitor}) {
         if (sim::findCommand(name) == nullptr) {
             qFatal("the referee judges %s, which the controller does not know", qPrintable(name));
         }
@@ -60,6 +78,12 @@ void Referee::levelAnswered(int level)
                                                   : QStringLiteral("sufficient levels"));
 }
 
+void Referee::registersAnswered(const QJsonValue& registers)
+{
+    otherCall();
+    m_actions.back().toldRegisters = registers;
+}
+
 void Referee::commandLeaves(const QObject* sender, const QString& name, const QJsonValue& argument)
 {
     m_logbook->count(QStringLiteral("commands"));
@@ -76,6 +100,9 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
     }
     if (name == kSetSettings) {
         judgeSettings(argument.toObject());
+    }
+    if (name == kSetMapping) {
+        judgeMapping(sender, argument.toObject());
     }
     if (movesWire(name)) {
         judgeWire(name, argument.toBool());
@@ -117,6 +144,18 @@ void Referee::judgeSettings(const QJsonObject& settings)
         }
     }
     enabledWith.clear();
+}
+
+void Referee::judgeMapping(const QObject* sender, const QJsonObject& mapping)
+{
+    m_logbook->count(QStringLiteral("mappings"));
+    if (isWeldingEnabled(sender)) {
+        m_logbook->complain(QStringLiteral("a mapping was sent while welding is enabled"));
+    }
+    const QString broken = brokenIoRule(mapping, m_actions.back().toldRegisters);
+    if (!broken.isEmpty()) {
+        m_logbook->complain(QStringLiteral("a mapping was sent, and %1").arg(broken));
+    }
 }
 
 void Referee::judgeWire(const QString& name, bool start)

@@ -19,6 +19,8 @@
 ///   Before "set_weld_enable" the question for the robot's power, answered "off", comes directly before that one.
 /// - The settings that leave obey the rule between their times. Those that follow an enabling command are what the form
 ///   held, and was judged by, when that command left.
+/// - An I/O mapping that leaves breaks no rule by the registers that were told last in the same action, and none leaves
+///   while welding is enabled.
 /// - The wire is started only with a finger on the key. When the finger has gone, the stop follows, unless the operator
 ///   was refused it for want of a level and told so.
 /// - A page sends no command while one of its own is under way.
@@ -40,6 +42,7 @@ public:
     void shown(const QObject* widget) { m_actions.back().shown.insert(widget); }
     void levelAnswered(int level);
     void powerAnswered(bool powered) { m_actions.back().asked = {!powered, {}}; }
+    void registersAnswered(const QJsonValue& registers);
     /// Any other call that may have spun the event loop.
     void otherCall() { m_actions.back().asked = {}; }
 
@@ -64,6 +67,7 @@ private:
     struct ActionState {
         Asked asked;
         std::optional<int> toldLevel; ///< whatever was asked since
+        QJsonValue toldRegisters = QJsonValue(QJsonValue::Undefined);
         QSet<const QObject*> shown;
         QMap<QString, int> enabledWith; ///< what the page's fields held when the enabling command left
     };
@@ -71,6 +75,7 @@ private:
     bool mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const;
     void judgeLevel(const QString& what, std::optional<int> level);
     void judgeSettings(const QJsonObject& settings);
+    void judgeMapping(const QObject* sender, const QJsonObject& mapping);
     void judgeWire(const QString& name, bool start);
 
     Logbook* m_logbook;

@@ -75,7 +75,10 @@ QHash<QString, QStringList> WatchedHost::getRegisterHash()
 
 QJsonValue WatchedHost::getRegisterValue()
 {
-    return answer([&] { return sim::SimHost::getRegisterValue(); });
+    spin();
+    QJsonValue registers = sim::SimHost::getRegisterValue();
+    m_referee.registersAnswered(registers);
+    return registers;
 }
 
 QStringList WatchedHost::getPointNameList()

@@ -119,6 +119,20 @@ void TestLayoutCheck::brokenForm_data()
     };
     row("column title", tableOf("Command value", "1"), Kind::CutText);
     row("cell", tableOf("1", "1234567890"), Kind::CutText);
+    row("column that can't be scrolled to",
+        widgetAt<QTableWidget>(QRect(10, 10, 150, 100),
+                               [](QTableWidget* table) {
+                                   table->setColumnCount(2);
+                                   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+                               }),
+        Kind::Outside);
+    row(
+        "label too faint",
+        [](QWidget* form) {
+            textIn<QLabel>("Laser power", 0, 0)(form);
+            form->findChild<QLabel*>()->setStyleSheet(QStringLiteral("background:#ffffff;color:#808080"));
+        },
+        Kind::FaintText);
     row("outside its parent", widgetAt<QPushButton>(QRect(380, 10, 40, 30)), Kind::Outside);
     row("small target", widgetAt<QPushButton>(QRect(10, 10, 40, kLeastTarget - 1)), Kind::SmallTarget);
     row(
