@@ -6,7 +6,6 @@
 #include <QShowEvent>
 
 #include <optional>
-#include <utility>
 
 /// A configuration page's businesses with the host, one at a time. A page that is shown while one is under way does
 /// not ask the host anew, as what is under way may be about to send what the form holds; what it missed is caught up
@@ -31,7 +30,8 @@ public:
         }
         const Fields allowed = work(*turn);
         while (turn->ownerLives() && m_missed) {
-            const Fields wanted = *std::exchange(m_missed, std::nullopt);
+            const Fields wanted = *m_missed;
+            m_missed.reset();
             catchUp(*turn, allowed == Fields::Keep ? Fields::Keep : wanted);
         }
         return true;
