@@ -94,8 +94,9 @@ void TestListComboBox::readsNoEntriesUntilOpened()
     ListComboBox few(&page);
     few.addItem("Bus");
     few.setFont(shown.font());
+    few.setStyleSheet(QStringLiteral("QComboBox{padding:1px;}"));
     UiScale::configureComboBoxPopup(&few, 5);
-    QVERIFY2(few.findChildren<QAbstractItemView*>().isEmpty(), "a font is no reason to make the list");
+    QVERIFY2(few.findChildren<QAbstractItemView*>().isEmpty(), "neither font nor style is a reason to make the list");
     QVERIFY(shown.sizeHint().height() > before.height()); // the font took effect
     shown.setMinimumContentsLength(30);
     QVERIFY(shown.sizeHint().width() > before.width() && shown.minimumSizeHint() == shown.sizeHint());

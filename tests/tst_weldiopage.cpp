@@ -586,6 +586,7 @@ void TestWeldioPage::fitsItsContent()
     QCoreApplication::processEvents();
     QVERIFY(shown.combo("power", "bias")->isVisible());
     QCOMPARE(shown.combo("power", "port")->geometry(), before);
+    QTest::qWait(50); // the show's own refresh is over
     // The host's zoom has changed: the next show fits anew, a changed tab and a new width do not.
     shown.host.nodes["brisel.fontzoom"] = 2;
     auto* outputs = shown.form.find<QTableWidget>("tableWidget_output");

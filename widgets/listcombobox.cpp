@@ -119,6 +119,9 @@ void ListComboBox::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange) {
         updateGeometry();
         update();
+    } else if (event->type() == QEvent::StyleChange && madeList() == nullptr) {
+        // The same with a new style, of which the popup list learns when it is made.
+        QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call): QComboBox would make the list
     } else {
         QComboBox::changeEvent(event);
     }
