@@ -23,13 +23,10 @@ QModelIndexList NameListModel::match(const QModelIndex& start, int role, const Q
     if (!exact || hits != 1 || start.row() != 0 || role != Qt::DisplayRole) {
         return QAbstractListModel::match(start, role, value, hits, flags);
     }
-    if (m_rows.isEmpty()) {
-        m_rows.reserve(rowCount());
-        for (int row = m_names.size(); row > 0; --row) {
-            m_rows.insert(m_names.at(row - 1), row);
-        }
-        m_rows.insert(QString(), 0);
+    const QString text = value.toString();
+    if (text.isEmpty()) {
+        return {index(0)};
     }
-    const int row = m_rows.value(value.toString(), -1);
-    return row < 0 ? QModelIndexList() : QModelIndexList{index(row)};
+    const int found = m_names.indexOf(text);
+    return found < 0 ? QModelIndexList() : QModelIndexList{index(found + 1)};
 }

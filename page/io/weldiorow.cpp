@@ -60,8 +60,11 @@ void WeldIoRow::show(const Assignment& assignment, const QSharedPointer<NameList
         const QSignalBlocker silent(typeCombo);
         typeCombo->setCurrentIndex(typeIndexOf(*signal->portKind, assignment.serverType));
     }
-    portCombo->setNames(ports);
-    choose(portCombo, assignment.port);
+    // Nothing to search for when the page is shown again as it was.
+    if (portCombo->model() != ports.data() || portCombo->currentText() != assignment.port) {
+        portCombo->setNames(ports);
+        choose(portCombo, assignment.port);
+    }
     offerElements(assignment.element);
     if (enableButton != nullptr) {
         enableButton->setIsEnabled(assignment.isOn, false);
