@@ -40,7 +40,7 @@ AssignedSignal WeldIoRow::value() const
 
 void WeldIoRow::offerPorts(const QSharedPointer<NameListModel>& ports) const
 {
-    if (portCombo->model() != ports.data()) {
+    if (!portCombo->offers(ports)) {
         const QString chosen = portCombo->currentText();
         portCombo->setNames(ports);
         choose(portCombo, chosen);
@@ -61,7 +61,7 @@ void WeldIoRow::show(const Assignment& assignment, const QSharedPointer<NameList
         typeCombo->setCurrentIndex(typeIndexOf(*signal->portKind, assignment.serverType));
     }
     // Nothing to search for when the page is shown again as it was.
-    if (portCombo->model() != ports.data() || portCombo->currentText() != assignment.port) {
+    if (!portCombo->offers(ports) || portCombo->currentText() != assignment.port) {
         portCombo->setNames(ports);
         choose(portCombo, assignment.port);
     }
