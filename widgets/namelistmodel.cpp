@@ -1,5 +1,7 @@
 #include "widgets/namelistmodel.h"
 
+#include <algorithm>
+
 NameListModel::NameListModel(const QStringList& names) : m_names(names) {}
 
 int NameListModel::rowCount(const QModelIndex& parent) const
@@ -27,6 +29,10 @@ QModelIndexList NameListModel::match(const QModelIndex& start, int role, const Q
     if (text.isEmpty()) {
         return {index(0)};
     }
-    const int found = m_names.indexOf(text);
-    return found < 0 ? QModelIndexList() : QModelIndexList{index(found + 1)};
+    // The ends first: names of a list differ there, and begin alike.
+    const auto found = std::find_if(m_names.begin(), m_names.end(), [&text](const QString& name) {
+        return name.size() == text.size() && name.back() == text.back() && name == text;
+    });
+    return found == m_names.end() ? QModelIndexList()
+                                  : QModelIndexList{index(static_cast<int>(found - m_names.begin()) + 1)};
 }
