@@ -42,5 +42,6 @@ void addCatalogueRows(BenchTable& table);
 void addInstructionRows(BenchTable& table);
 void addLogRows(BenchTable& table);
 void addPageRows(BenchTable& table);
+void addWeldIoRows(BenchTable& table);
 
 #endif

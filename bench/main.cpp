@@ -23,6 +23,7 @@ int main(int count, char** words)
     addInstructionRows(table);
     addLogRows(table);
     addPageRows(table);
+    addWeldIoRows(table);
     std::puts(table.allHeld() ? "bench: ok, all limits held" : "bench: a limit is not held, or nothing was run");
     return table.allHeld() ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 // What pages cost, beside the same widgets without style sheets.
 
 #include "bench/benchtable.h"
+#include "bench/pageshow.h"
 #include "page/laserweldpage.h"
 #include "page/weldsettingpage.h"
 #include "tests/fakehost.h"
@@ -10,10 +11,6 @@
 
 namespace
 {
-
-constexpr QSize kScreen(860, 620); // what the pendant leaves to a page, in pixels
-
-constexpr int kShows = 10; ///< of a page that is shown again: once takes no longer than a blink
 
 /// A controller with as many signals, half of them outputs. No two controllers have a name in common, so that a list
 /// which an earlier one gave is of no use. Like a real one it gives a copy of its own of the unchanged names each
@@ -48,12 +45,6 @@ private:
     int m_outputReads = 0;
     int m_inputReads = 0;
 };
-
-void showNow(QWidget& page)
-{
-    page.show();
-    QCoreApplication::processEvents();
-}
 
 /// Weld Setup's widgets as the form gives them: the same ones hidden, no sheets, no lists.
 class PlainForm : public QWidget
@@ -118,13 +109,7 @@ Contestant shownAgain(const QString& name, Maker make, int signalCount)
                 const std::unique_ptr<QWidget> page = make();
                 page->resize(kScreen);
                 showNow(*page);
-                double ms = 0;
-                for (int i = 0; i < kShows; ++i) {
-                    page->hide();
-                    QCoreApplication::processEvents();
-                    ms += cpuMs([&page] { showNow(*page); });
-                }
-                return ms / kShows;
+                return shownAgainMs(*page);
             }};
 }
 

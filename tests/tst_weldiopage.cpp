@@ -215,14 +215,13 @@ void TestWeldioPage::onePassAsksOnce()
     const auto judge = [&](const QStringList& calls, int most) {
         return calls.count("io") <= most && calls.count("registers") <= 1 && calls.count("read") <= 1;
     };
-    const QAbstractItemModel* model = shown.combo("red_light", "port")->model();
+    const QSignalSpy fillings(shown.combo("red_light", "port")->model(), &QAbstractItemModel::modelReset);
     QVERIFY(judge(shown.asked([&] {
         shown.page.hide();
         shown.page.show();
     }),
                   5));
-    QCOMPARE(shown.combo("red_light", "port")->model(), model);
-    QCOMPARE(shown.combo("laser_enable", "port")->model(), model);
+    QVERIFY2(fillings.isEmpty(), "a list that stays the same is not filled in again");
     QVERIFY(judge(shown.asked([&] { shown.form.press("pushButton_Cancel"); }), 5));
     QVERIFY(judge(shown.asked([&] { shown.save(); }), 5));
     QCOMPARE(shown.host.lastMessage(), QString("0|Saved successfully"));
@@ -588,6 +587,7 @@ void TestWeldioPage::fitsItsContent()
     QCoreApplication::processEvents();
     QVERIFY(shown.combo("power", "bias")->isVisible());
     QCOMPARE(shown.combo("power", "port")->geometry(), before);
+    QTest::qWait(50); // the show's own refresh is over
     // The host's zoom has changed: the next show fits anew, a changed tab and a new width do not.
     shown.host.nodes["brisel.fontzoom"] = 2;
     auto* outputs = shown.form.find<QTableWidget>("tableWidget_output");

@@ -28,7 +28,7 @@ ListComboBox::ListComboBox(QWidget* parent) : QComboBox(parent)
 
 void ListComboBox::setNames(const QStringList& names)
 {
-    const auto offered = m_entries.dynamicCast<NameListModel>();
+    const auto offered = m_list != nullptr ? m_list->entries().dynamicCast<NameListModel>() : nullptr;
     const bool isOffered = offered != nullptr && offered->names() == names;
     setNames(isOffered ? offered : QSharedPointer<NameListModel>::create(names));
 }
@@ -38,29 +38,38 @@ void ListComboBox::setNames(const QSharedPointer<NameListModel>& names)
     setEntries(names);
 }
 
+bool ListComboBox::offers(const QSharedPointer<NameListModel>& names) const
+{
+    return m_list != nullptr && m_list->entries() == names;
+}
+
 void ListComboBox::setNumbers(int count)
 {
     const int most = qMax(count, 1);
-    const bool isOffered = m_entries.dynamicCast<NumberListModel>() != nullptr && m_entries->rowCount() == most;
-    setEntries(isOffered ? m_entries : QSharedPointer<NumberListModel>::create(most));
+    const auto offered = m_list != nullptr ? m_list->entries().dynamicCast<NumberListModel>() : nullptr;
+    const bool isOffered = offered != nullptr && offered->rowCount() == most;
+    setEntries(isOffered ? offered : QSharedPointer<NumberListModel>::create(most));
 }
 
 /// Offers other entries and selects the first; null is ignored.
-void ListComboBox::setEntries(const QSharedPointer<QAbstractItemModel>& entries)
+void ListComboBox::setEntries(const ExchangeableList::Entries& entries)
 {
     if (entries == nullptr) {
         return;
     }
     const QSignalBlocker silent(this);
-    if (model() != entries.data()) {
+    if (m_list == nullptr) {
         const QAbstractItemView* list = madeList();
         const std::unique_ptr<QItemSelectionModel> former(list != nullptr ? list->selectionModel() : nullptr);
-        setModel(entries.data());
-        m_entries = entries; // only now: the former list may end here
-        if (list != nullptr) {
+        m_list = new ExchangeableList(this);
+        setModel(m_list);
+    }
+    if (m_list->entries() != entries) {
+        if (madeList() != nullptr) {
             // Even a list that is not on the screen lays out all entries when a style or a font changes.
             setListModel(nullptr);
         }
+        m_list->exchange(entries);
     }
     setCurrentIndex(0);
 }
@@ -119,6 +128,9 @@ void ListComboBox::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange) {
         updateGeometry();
         update();
+    } else if (event->type() == QEvent::StyleChange && madeList() == nullptr) {
+        // The same with a new style, of which the popup list learns when it is made.
+        QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call): QComboBox would make the list
     } else {
         QComboBox::changeEvent(event);
     }

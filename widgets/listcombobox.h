@@ -1,6 +1,7 @@
 #ifndef WIDGETS_LISTCOMBOBOX_H
 #define WIDGETS_LISTCOMBOBOX_H
 
+#include "widgets/exchangeablelist.h"
 #include "widgets/namelistmodel.h"
 
 #include <QComboBox>
@@ -11,7 +12,8 @@ class QAbstractItemView;
 /// A combo box whose list may be 100,000 entries long: nothing but opening it, and looking a text up, takes longer with
 /// a longer list; one of more than a million entries does not open. It measures none of its entries but is as wide as
 /// minimumContentsLength() characters (8 unless set), whatever its size policy says, and lays out its popup list only
-/// when that is opened. Not to be made editable.
+/// when that is opened. Not to be made editable, nor
+/// given another model.
 class ListComboBox : public QComboBox
 {
     Q_OBJECT
@@ -26,6 +28,9 @@ public:
     /// The same with a list that other combo boxes share; null is ignored.
     void setNames(const QSharedPointer<NameListModel>& names);
 
+    /// Whether it offers that very list.
+    bool offers(const QSharedPointer<NameListModel>& names) const;
+
     /// Offers the numbers from 1 to count, at least 1, and selects the first. Silent.
     void setNumbers(int count);
 
@@ -38,12 +43,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void setEntries(const QSharedPointer<QAbstractItemModel>& entries);
+    void setEntries(const ExchangeableList::Entries& entries);
     QAbstractItemView* madeList() const;
     void setListModel(QAbstractItemModel* listed);
     void prepareList();
 
-    QSharedPointer<QAbstractItemModel> m_entries;
+    ExchangeableList* m_list = nullptr; ///< its model since it was given names or numbers; its child
 };
 
 #endif

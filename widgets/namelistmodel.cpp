@@ -1,5 +1,7 @@
 #include "widgets/namelistmodel.h"
 
+#include <algorithm>
+
 NameListModel::NameListModel(const QStringList& names) : m_names(names) {}
 
 int NameListModel::rowCount(const QModelIndex& parent) const
@@ -23,13 +25,14 @@ QModelIndexList NameListModel::match(const QModelIndex& start, int role, const Q
     if (!exact || hits != 1 || start.row() != 0 || role != Qt::DisplayRole) {
         return QAbstractListModel::match(start, role, value, hits, flags);
     }
-    if (m_rows.isEmpty()) {
-        m_rows.reserve(rowCount());
-        for (int row = m_names.size(); row > 0; --row) {
-            m_rows.insert(m_names.at(row - 1), row);
-        }
-        m_rows.insert(QString(), 0);
+    const QString text = value.toString();
+    if (text.isEmpty()) {
+        return {index(0)};
     }
-    const int row = m_rows.value(value.toString(), -1);
-    return row < 0 ? QModelIndexList() : QModelIndexList{index(row)};
+    // The ends first: names of a list differ there, and begin alike.
+    const auto found = std::find_if(m_names.begin(), m_names.end(), [&text](const QString& name) {
+        return name.size() == text.size() && name.back() == text.back() && name == text;
+    });
+    return found == m_names.end() ? QModelIndexList()
+                                  : QModelIndexList{index(static_cast<int>(found - m_names.begin()) + 1)};
 }

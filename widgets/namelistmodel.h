@@ -2,7 +2,6 @@
 #define WIDGETS_NAMELISTMODEL_H
 
 #include <QAbstractListModel>
-#include <QHash>
 #include <QStringList>
 
 /// An empty entry ("none chosen") and then a list of names, in the order given. Made once and never changed, so that
@@ -19,14 +18,13 @@ public:
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-    /// The first row of an exact text is looked up in a table, which the first search makes: a page looks up a stored
-    /// name in each of its combo boxes. Other searches go through the list.
+    /// The first row of an exact text is searched for in the names themselves, without an item for each. A table to
+    /// look it up in would be dearer: making one costs what dozens of searches do, and a page has few names to find.
     QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
                           Qt::MatchFlags flags) const override;
 
 private:
     QStringList m_names;
-    mutable QHash<QString, int> m_rows; ///< of the first occurrence
 };
 
 #endif

@@ -40,7 +40,7 @@ AssignedSignal WeldIoRow::value() const
 
 void WeldIoRow::offerPorts(const QSharedPointer<NameListModel>& ports) const
 {
-    if (portCombo->model() != ports.data()) {
+    if (!portCombo->offers(ports)) {
         const QString chosen = portCombo->currentText();
         portCombo->setNames(ports);
         choose(portCombo, chosen);
@@ -60,8 +60,11 @@ void WeldIoRow::show(const Assignment& assignment, const QSharedPointer<NameList
         const QSignalBlocker silent(typeCombo);
         typeCombo->setCurrentIndex(typeIndexOf(*signal->portKind, assignment.serverType));
     }
-    portCombo->setNames(ports);
-    choose(portCombo, assignment.port);
+    // Nothing to search for when the page is shown again as it was.
+    if (!portCombo->offers(ports) || portCombo->currentText() != assignment.port) {
+        portCombo->setNames(ports);
+        choose(portCombo, assignment.port);
+    }
     offerElements(assignment.element);
     if (enableButton != nullptr) {
         enableButton->setIsEnabled(assignment.isOn, false);
