@@ -7,6 +7,8 @@
 #include "tests/fakehost.h"
 #include "ui_weldsettingpage.h"
 
+#include <QStackedWidget>
+
 #include <memory>
 
 namespace
@@ -126,6 +128,15 @@ Contestant styledAgain(const QString& name)
             }};
 }
 
+/// The forms of the main page's pages that are built, the first one shown.
+std::unique_ptr<QWidget> plainForms()
+{
+    auto pages = std::make_unique<QStackedWidget>();
+    pages->addWidget(plainForm().release());
+    pages->addWidget(plainWeldIo().release());
+    return pages;
+}
+
 std::unique_ptr<QWidget> styledMainPage()
 {
     auto page = std::make_unique<LaserWeldPage>(nullptr);
@@ -152,7 +163,7 @@ void addPageRows(BenchTable& table)
         table.row(shownAgain(name, weldSetup, count), shownAgain(none, weldSetup, 0), 1.25);
     }
     table.row(constructedAndShown(QStringLiteral("main page constructed, styled and shown"), styledMainPage),
-              constructedAndShown(QStringLiteral("Weld Setup's form without sheets"), plainForm), 4.0);
+              constructedAndShown(QStringLiteral("its pages' forms without sheets"), plainForms), 4.0);
     table.row(styledAgain<WeldSettingPage>(QStringLiteral("Weld Setup styled again")),
               firstShow(QStringLiteral("first shown"), weldSetup, 0), 0.05);
     table.row(styledAgain<LaserWeldPage>(QStringLiteral("main page styled again")),

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QWidget>
 
+#include <memory>
+
 /// How pages are shown in all rows.
 
 constexpr QSize kScreen(860, 620); ///< what the pendant leaves to a page, in pixels
@@ -28,5 +30,8 @@ inline double shownAgainMs(QWidget& page)
     }
     return ms / kShows;
 }
+
+/// Weld I/O's widgets as the page builds them: no sheets, no lists.
+std::unique_ptr<QWidget> plainWeldIo();
 
 #endif

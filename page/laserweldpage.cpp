@@ -94,11 +94,11 @@ void LaserWeldPage::fitCurrentPage()
 
 void LaserWeldPage::createPages()
 {
-    settingPage = new WeldSettingPage(this);
-    ioPage = new WeldioPage(settingPage, this);
-    curvePage = new CharacteristicsCurvePage(settingPage, this);
-    paramPage = new WeldParameterPage(settingPage, this);
-    trackingPage = new LaserTrackingPage(this);
+    settingPage = new WeldSettingPage(ui->stackedWidget);
+    ioPage = new WeldioPage(settingPage, ui->stackedWidget);
+    curvePage = new CharacteristicsCurvePage(settingPage, ui->stackedWidget);
+    paramPage = new WeldParameterPage(settingPage, ui->stackedWidget);
+    trackingPage = new LaserTrackingPage(ui->stackedWidget);
 
     const QString icons = QStringLiteral(":/png/meanlist/");
     addPage(tr("Weld Setup"), tr("Parmeter Setting"), settingPage, icons + QLatin1String("LaserWeldDeviceSetting.png"));
