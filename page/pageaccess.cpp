@@ -3,9 +3,11 @@
 #include "common/operatormessage.h"
 #include "page/weldsettingpage.h"
 
-PageAccess accessOf(const QPointer<WeldSettingPage>& settingPage)
+#include <QPointer>
+
+PageAccess accessOf(WeldSettingPage* settingPage)
 {
-    const QPointer<WeldSettingPage> page = settingPage; // whose pointer it is may be gone after the question
+    const QPointer<WeldSettingPage> page(settingPage);
     if (!operatorMayChange()) {
         return PageAccess::Locked;
     }

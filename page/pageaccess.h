@@ -1,8 +1,6 @@
 #ifndef PAGE_PAGEACCESS_H
 #define PAGE_PAGEACCESS_H
 
-#include <QPointer>
-
 class WeldSettingPage;
 
 /// What the operator may do on a configuration page.
@@ -13,7 +11,8 @@ enum class PageAccess {
 };
 
 /// What the operator may do now: the level is asked of the host, which may take its time and the page away, then the
-/// main switch of the setting page as it stands after that. Without a setting page no switch forbids anything.
-PageAccess accessOf(const QPointer<WeldSettingPage>& settingPage);
+/// main switch of the setting page as it stands after that. Without a setting page, or when it has gone meanwhile, no
+/// switch forbids anything.
+PageAccess accessOf(WeldSettingPage* settingPage);
 
 #endif
