@@ -9,6 +9,7 @@
 #include "widgets/listcombobox.h"
 
 #include <QJsonArray>
+#include <QShowEvent>
 
 inline const QString kNode = "weld_io_config";
 inline const QString kSave = "set_weld_io_config";
@@ -88,5 +89,13 @@ struct Shown {
         return calls;
     }
 };
+
+/// The window system restores the page's window.
+inline void restore(QWidget* page)
+{
+    QShowEvent restored;
+    QSpontaneKeyEvent::setSpontaneous(&restored);
+    qApp->notify(page, &restored);
+}
 
 #endif
