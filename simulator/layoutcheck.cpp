@@ -1,5 +1,6 @@
 #include "simulator/layoutcheck.h"
 
+#include "simulator/contrast.h"
 #include "simulator/textroom.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,6 @@
 #include <QTableView>
 
 #include <algorithm>
-#include <cmath>
 
 namespace sim
 {
@@ -67,33 +67,6 @@ const QAbstractScrollArea* areaOfViewport(const QWidget* widget)
 {
     const auto* area = qobject_cast<const QAbstractScrollArea*>(widget->parentWidget());
     return area != nullptr && area->viewport() == widget ? area : nullptr;
-}
-
-/// The brightness of a colour as the eye takes it, from 0 to 1, by the formula of the Web's rules for accessibility.
-double luminance(const QColor& color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
-/// What is behind a text: letters cover less than half of their place.
-QColor mostFrequentColor(const QImage& picture)
-{
-    QMap<QRgb, int> counts;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            ++counts[picture.pixel(x, y)];
-        }
-    }
-    return counts.isEmpty() ? QColor() : QColor(std::max_element(counts.begin(), counts.end()).key());
 }
 
 class Check

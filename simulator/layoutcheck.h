@@ -29,8 +29,7 @@ struct LayoutFault {
 /// The least width and height of what a finger has to hit.
 constexpr int kLeastTarget = 24;
 
-/// The least contrast of a text to its background, from 1 (none) to 21 (black on white): what a person with weak eyes
-/// still reads.
+/// The least contrast of a text to its background: what a person with weak eyes still reads.
 constexpr double kLeastContrast = 4.5;
 
 /// So much the heights of fields in one column may differ, in pixels: styles give a list and a number not quite the

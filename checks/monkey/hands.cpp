@@ -211,6 +211,24 @@ bool isPart(const QWidget* widget)
     return isA<QAbstractSpinBox>(parent) || isA<QComboBox>(parent) || isA<QTabBar>(parent);
 }
 
+/// "3/1 in table" for what is in a cell, or pops up from it: its column, and its number in the cell. Empty outside of
+/// tables.
+QString placeInTable(const QWidget* widget)
+{
+    const QWidget* part = widget;
+    for (const QWidget* cell = widget; cell->parentWidget() != nullptr; cell = cell->parentWidget()) {
+        const auto* view = qobject_cast<const QAbstractItemView*>(cell->parentWidget()->parentWidget());
+        if (view != nullptr && view->viewport() == cell->parentWidget()) {
+            const int column = view->indexAt(cell->geometry().center()).column();
+            const int number = qMax(0, cell->children().indexOf(const_cast<QWidget*>(part)));
+            return QStringLiteral("%1/%2 in %3")
+                .arg(QString::number(column), QString::number(number), view->objectName());
+        }
+        part = cell;
+    }
+    return {};
+}
+
 } // namespace
 
 QVector<QWidget*> usable(const QWidget* root)
@@ -233,6 +251,11 @@ bool isToBeChosen(const QWidget* widget)
 
 QString nameOf(const QWidget* widget)
 {
+    const QString kind = QLatin1String(widget->metaObject()->className());
+    const QString place = placeInTable(widget);
+    if (!place.isEmpty()) {
+        return kind + QLatin1Char(' ') + place;
+    }
     const auto* button = qobject_cast<const QAbstractButton*>(widget);
     const QString name = widget->objectName().isEmpty() && button != nullptr ? button->text() : widget->objectName();
     const QWidget* owner = widget->parentWidget();
@@ -240,8 +263,7 @@ QString nameOf(const QWidget* widget)
         owner = owner->parentWidget();
     }
     return QStringLiteral("%1 %2 in %3")
-        .arg(QLatin1String(widget->metaObject()->className()), name,
-             owner != nullptr ? owner->objectName() : QStringLiteral("nothing"));
+        .arg(kind, name, owner != nullptr ? owner->objectName() : QStringLiteral("nothing"));
 }
 
 QString use(QWidget* widget, Dice& dice)

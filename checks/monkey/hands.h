@@ -18,7 +18,8 @@ QVector<QWidget*> usable(const QWidget* root);
 /// Whether the widget is a list of which nothing is chosen.
 bool isToBeChosen(const QWidget* widget);
 
-/// A name that tells the widget from its siblings and stays the same from run to run.
+/// A name that tells the widget from its siblings and stays the same from run to run. What is in the cells of a table
+/// is named after its column: the rows are twins.
 QString nameOf(const QWidget* widget);
 
 /// Uses the widget in one of the ways of its kind and tells how. It may be gone afterwards.

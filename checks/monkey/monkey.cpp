@@ -226,16 +226,13 @@ QString Monkey::useAgain()
 /// hardly be saved before one of the fields is spoilt.
 QString Monkey::finish()
 {
-    if (stage() != m_window) {
-        return QStringLiteral("something else is open");
-    }
     QVector<QWidget*> buttons;
-    for (QWidget* widget : usableIn(Room::Page)) {
+    for (QWidget* widget : stage() == m_window ? usableIn(Room::Page) : QVector<QWidget*>()) {
         if (qobject_cast<QPushButton*>(widget) != nullptr) {
             buttons.append(widget);
         }
     }
-    return useOneOf(buttons);
+    return buttons.isEmpty() ? useWidget() : useOneOf(buttons);
 }
 
 QString Monkey::useWidget()
@@ -360,13 +357,32 @@ QString Monkey::changeAnswer()
     return QStringLiteral("%1: %2 after %3 ms").arg(command, answerLabel(kind), QString::number(delay));
 }
 
+/// A node of sound members, some of which have what another of their type should have.
+QJsonObject Monkey::mixedUp(QJsonObject node)
+{
+    constexpr int kMostMixedUp = 30;
+    for (int left = m_dice->below(kMostMixedUp); left > 0 && !node.isEmpty(); --left) {
+        const QString to = m_dice->oneOf(node.keys());
+        QStringList twins = node.keys();
+        twins.erase(std::remove_if(twins.begin(), twins.end(),
+                                   [&](const QString& key) { return node.value(key).type() != node.value(to).type(); }),
+                    twins.end());
+        node.insert(to, QJsonValue(node.value(m_dice->oneOf(twins))));
+    }
+    return node;
+}
+
 QString Monkey::changeNode()
 {
     QJsonObject nodes = m_controller->nodes();
     const QString name = m_dice->oneOf(nodeNames());
     const QJsonValue sound = m_soundNodes.value(name);
     const bool spoil = m_dice->oneIn(3);
-    nodes.insert(name, spoil ? scrambled(sound, *m_dice) : sound);
+    if (spoil) {
+        nodes.insert(name, m_dice->oneIn(2) ? mixedUp(sound.toObject()) : scrambled(sound, *m_dice));
+    } else {
+        nodes.insert(name, sound);
+    }
     m_controller->setNodes(nodes);
     return name + (spoil ? QStringLiteral(" spoilt") : QStringLiteral(" mended"));
 }

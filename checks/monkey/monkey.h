@@ -57,6 +57,7 @@ private:
     QString changeLine();
     QString changeValue();
     QString changeAnswer();
+    QJsonObject mixedUp(QJsonObject node);
     QString changeNode();
     QString changeRegister();
     QString letTimePass();
