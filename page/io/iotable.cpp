@@ -24,7 +24,7 @@ constexpr int kTitleMargin = 14;      ///< above and below a column's title toge
 constexpr int kGridLine = 1;          ///< which a table takes off its cells, in pixels
 constexpr int kTypeCharacters = 4;    ///< "REG" and some room
 constexpr int kPortCharacters = 12;   ///< as in "R_WireSpeed"
-constexpr int kElementCharacters = 3; ///< as in "128"
+constexpr int kElementCharacters = 4; ///< as in "1000"
 
 /// A cell that keeps its widgets off its edges.
 QWidget* cellOf(std::initializer_list<QWidget*> widgets, int stretched)
