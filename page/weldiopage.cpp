@@ -120,6 +120,14 @@ void WeldioPage::setRowPlaneStatus(const WeldIoRow& row, bool enabled)
     }
 }
 
+/// Turns to the row of which a rule tells the operator: not every text names the signal.
+void WeldioPage::showRow(const IoRowTemplate& signal) const
+{
+    QWidget* const tab = signal.isOutput() ? ui->tab_output : ui->tab_input;
+    ui->tabWidget_io->setCurrentWidget(tab);
+    (signal.isOutput() ? m_outputs : m_inputs)->showRow(signal);
+}
+
 void WeldioPage::applyAccess(PageAccess access)
 {
     if (access == PageAccess::Locked) {
@@ -149,7 +157,6 @@ void WeldioPage::initStyle()
     UiScale::applyExpandingPage(this);
     if (m_style.sheetsAreDue(this)) {
         applySheets();
-        scheduleIoLayoutRefresh(true);
     }
     if (m_style.sizesAreDue(this)) {
         refreshIoLayout(true); // at once: the page must not be seen without, and the main page asks how wide it is

@@ -111,6 +111,7 @@ private:
     bool registersPass(const AssignedSignals& rows, PortLists& lists) const;
     bool portsPass(const AssignedSignals& rows) const;
     bool tablePasses(const AssignedSignals& rows, PortLists& lists) const;
+    void showRow(const IoRowTemplate& signal) const;
     void applyAccess(PageAccess access);
 
     void initIoTables();

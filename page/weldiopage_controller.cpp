@@ -85,8 +85,6 @@ bool WeldioPage::offerPorts(const std::vector<WeldIoRow>& rows, PortLists& lists
         if (const auto ports = lists.offered(*row.signal->portKind, row.typeIndex())) {
             row.offerPorts(ports);
             m_withoutPorts.remove(row.signal);
-        } else {
-            m_withoutPorts.insert(row.signal);
         }
     }
     return true;
@@ -200,14 +198,17 @@ bool WeldioPage::saveNow(const Business::Turn& turn)
         return false;
     }
     // One snapshot: what is judged is what is sent.
-    const AssignedSignals outputs = m_outputs->values();
-    const AssignedSignals inputs = m_inputs->values();
+    const AssignedSignals outputs = valuesOf(m_outputs->rows());
+    const AssignedSignals inputs = valuesOf(m_inputs->rows());
     const QJsonObject command = saveWeldIOConfigToJson();
     PortLists lists(m_knownLists);
     if (!tablePasses(outputs, lists) || !turn.ownerLives() || !tablePasses(inputs, lists) || !turn.ownerLives()) {
         return false;
     }
-    if (hasEmptyPort(outputs) || hasEmptyPort(inputs)) {
+    const IoRowTemplate* emptyOutput = signalWithoutPort(outputs);
+    const IoRowTemplate* empty = emptyOutput != nullptr ? emptyOutput : signalWithoutPort(inputs);
+    if (empty != nullptr) {
+        showRow(*empty);
         tellOperator(pendix::error, tr("There is an empty port. Please check and reconfigure!"));
         return false;
     }

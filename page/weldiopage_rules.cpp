@@ -2,20 +2,6 @@
 #include "common/operatormessage.h"
 #include "page/weldiopage.h"
 
-namespace
-{
-
-AssignedSignals valuesOf(const std::vector<WeldIoRow>& rows)
-{
-    AssignedSignals values;
-    for (const WeldIoRow& row : rows) {
-        values.push_back(row.value());
-    }
-    return values;
-}
-
-} // namespace
-
 bool WeldioPage::registersPass(const AssignedSignals& rows, PortLists& lists) const
 {
     const Business::Watch watch = m_business.watch();
@@ -30,6 +16,7 @@ bool WeldioPage::registersPass(const AssignedSignals& rows, PortLists& lists) co
             return false;
         }
         if (!lists.offered(kind, kind.registerIndex())->names().contains(name)) {
+            showRow(*row.signal);
             const QString expected = row.signal->isOutput() ? tr("writable register") : tr("readable register");
             tellOperator(pendix::error,
                          tr("Signal %1: register \"%2\" is invalid or has wrong read/write permission, expected %3.")
@@ -42,11 +29,13 @@ bool WeldioPage::registersPass(const AssignedSignals& rows, PortLists& lists) co
 
 bool WeldioPage::portsPass(const AssignedSignals& rows) const
 {
-    const std::optional<QString> port = duplicatePort(occupiedPorts(rows));
-    if (port) {
-        tellOperator(pendix::error, tr("Port %1 is already in use, save failed!").arg(*port));
+    const std::vector<PortConfig> ports = occupiedPorts(rows);
+    const PortConfig* twice = duplicatePort(ports);
+    if (twice != nullptr) {
+        showRow(*twice->signal);
+        tellOperator(pendix::error, tr("Port %1 is already in use, save failed!").arg(twice->port));
     }
-    return !port;
+    return twice == nullptr;
 }
 
 bool WeldioPage::tablePasses(const AssignedSignals& rows, PortLists& lists) const
@@ -68,21 +57,21 @@ bool WeldioPage::checkRowsPortConflict(const std::vector<WeldIoRow>& rows) const
 bool WeldioPage::checkLaserPortConfigValid() const
 {
     PortLists lists(m_knownLists);
-    return tablePasses(m_outputs->values(), lists);
+    return tablePasses(valuesOf(m_outputs->rows()), lists);
 }
 
 bool WeldioPage::checkBackPortConfigValid() const
 {
     PortLists lists(m_knownLists);
-    return tablePasses(m_inputs->values(), lists);
+    return tablePasses(valuesOf(m_inputs->rows()), lists);
 }
 
 bool WeldioPage::checkRowsPortRule(const std::vector<WeldIoRow>& rows) const
 {
-    return !hasEmptyPort(valuesOf(rows));
+    return signalWithoutPort(valuesOf(rows)) == nullptr;
 }
 
 bool WeldioPage::checkIOconfigRule() const
 {
-    return !hasEmptyPort(m_outputs->values()) && !hasEmptyPort(m_inputs->values());
+    return checkRowsPortRule(m_outputs->rows()) && checkRowsPortRule(m_inputs->rows());
 }

@@ -30,7 +30,7 @@ class PendantWindow : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int kWidth = 1440;
+    static constexpr int kWidth = 1510;
     static constexpr int kHeight = 800;
 
     PendantWindow(SimulatedController* controller, Journal* journal, SimHost* host, QWidget* parent = nullptr);

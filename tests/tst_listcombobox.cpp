@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace
 {
@@ -114,7 +115,7 @@ void TestListComboBox::opensItsList()
     combo.setNames(manyNames());
     QComboBox plain;
     for (QComboBox* each : {static_cast<QComboBox*>(&combo), &plain}) {
-        each->setStyleSheet(QStringLiteral("QComboBox{combobox-popup:0;}"));
+        each->setStyleSheet("QComboBox{combobox-popup:0;}QAbstractItemView::item{min-height:50px;}");
         each->show();
         UiScale::configureComboBoxPopup(each, 5);
     }
@@ -127,6 +128,10 @@ void TestListComboBox::opensItsList()
     QCOMPARE(highlighted.last().at(0).toInt(), 1);
     QTest::keyClick(combo.view(), Qt::Key_Return);
     QCOMPARE(combo.currentText(), QString("DO1"));
+    QVERIFY2(combo.view()->sizeHintForRow(0) >= 50, "a finger hits an entry");
+    QWheelEvent wheel({1, 1}, {1, 1}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&combo, &wheel);
+    QCOMPARE(combo.currentText(), QString("DO1"));
     // Opened before, and another list since: a typed letter is searched for in the new one.
     combo.setNames(QStringList{"DI7"});
     QTest::keyClicks(&combo, "di");
@@ -138,9 +143,14 @@ void TestListComboBox::opensItsList()
     const auto rowHeight = [&combo] { return combo.view()->visualRect(combo.view()->currentIndex()).height(); };
     const int height = rowHeight();
     combo.hidePopup();
-    combo.setFont(QFont(combo.font().family(), 40));
+    combo.setFont(QFont(combo.font().family(), 60));
     combo.showPopup();
     QVERIFY(rowHeight() > height);
+    // Too many to be laid out.
+    combo.hidePopup();
+    combo.setNumbers(2000000000);
+    combo.showPopup();
+    QVERIFY(!combo.view()->isVisible());
 }
 
 QTEST_MAIN(TestListComboBox)

@@ -62,6 +62,8 @@ void TestMJson::signalLists()
     QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO10"}));
     host.io["DO"].append("DO3"); // only an unchanged list may be taken as sorted before
     QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO3", "DO10"}));
+    host.io["DO"].last() = "DO30";
+    QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO10", "DO30"}));
     QCOMPARE(mJson::GetDI() + mJson::GetAO() + mJson::GetAI() + mJson::GetGO() + mJson::GetGI(),
              QStringList({"DI1", "AO3", "AI4", "GO5", "GI6"}));
     QCOMPARE(mJson::GetREG(), QStringList({"R9", "R10"}));

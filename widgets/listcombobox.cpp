@@ -10,6 +10,8 @@
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -121,6 +123,11 @@ void ListComboBox::keyPressEvent(QKeyEvent* event)
     QComboBox::keyPressEvent(event);
 }
 
+void ListComboBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore(); // it scrolls what the box stands on; passing over a box must not choose anything
+}
+
 void ListComboBox::changeEvent(QEvent* event)
 {
     // A combo box answers a new font by making its popup list and laying out every entry. The list inherits the font
@@ -140,6 +147,10 @@ void ListComboBox::changeEvent(QEvent* event)
 void ListComboBox::prepareList()
 {
     UiScale::configurePopupList(view());
+    if (qobject_cast<QStyledItemDelegate*>(itemDelegate()) == nullptr) {
+        // A combo box's own delegate knows nothing of a sheet's rule for the height of the entries.
+        setItemDelegate(new QStyledItemDelegate(this));
+    }
     if (view()->model() != model()) {
         setListModel(model());
         connect(view()->selectionModel(), &QItemSelectionModel::currentChanged, this,

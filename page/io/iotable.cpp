@@ -19,7 +19,7 @@ enum Column { Number, Name, Type, Assign, Switch };
 
 constexpr int kFontPoints = 10;
 constexpr int kListedAtOnce = 10;     ///< entries of an open list
-constexpr int kCellMargin = 6;        ///< left and right of what is in a cell, in pixels
+constexpr int kCellMargin = 4;        ///< left and right of what is in a cell, in pixels
 constexpr int kTitleMargin = 14;      ///< above and below a column's title together, in pixels
 constexpr int kGridLine = 1;          ///< which a table takes off its cells, in pixels
 constexpr int kTypeCharacters = 4;    ///< "REG" and some room
@@ -114,14 +114,14 @@ void IoTable::build(const IoRowTemplate& signal, const QString& name)
     m_rows.push_back(row);
 }
 
-AssignedSignals IoTable::values() const
+void IoTable::showRow(const IoRowTemplate& signal) const
 {
-    AssignedSignals values;
-    values.reserve(m_rows.size());
-    for (const WeldIoRow& row : m_rows) {
-        values.push_back(row.value());
+    const auto shown =
+        std::find_if(m_rows.begin(), m_rows.end(), [&signal](const WeldIoRow& row) { return row.signal == &signal; });
+    if (shown != m_rows.end()) {
+        m_table->scrollTo(m_table->model()->index(static_cast<int>(shown - m_rows.begin()), Assign));
+        shown->portCombo->setFocus();
     }
-    return values;
 }
 
 void IoTable::present() const

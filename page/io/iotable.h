@@ -16,7 +16,9 @@ public:
     IoTable(QTableWidget* table, const QVector<IoRowTemplate>& signalRows, QString (*signalName)(const IoRowTemplate&));
 
     const std::vector<WeldIoRow>& rows() const { return m_rows; }
-    AssignedSignals values() const;
+
+    /// Brings a signal's row into view and its port selector into the focus.
+    void showRow(const IoRowTemplate& signal) const;
 
     /// Header fonts, row heights and column widths for the screen and the zoom as they are now.
     void present() const;

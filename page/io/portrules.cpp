@@ -2,8 +2,6 @@
 
 #include <QSet>
 
-#include <algorithm>
-
 namespace
 {
 
@@ -30,27 +28,31 @@ std::vector<PortConfig> occupiedPorts(const AssignedSignals& rows)
     std::vector<PortConfig> ports;
     for (const AssignedSignal& row : rows) {
         if (isActive(row) && !row.assignment.port.isEmpty()) {
-            ports.push_back({row.assignment.port, row.assignment.serverType, biasOf(row.assignment)});
+            ports.push_back({row.signal, row.assignment.port, row.assignment.serverType, biasOf(row.assignment)});
         }
     }
     return ports;
 }
 
-std::optional<QString> duplicatePort(const std::vector<PortConfig>& ports)
+const PortConfig* duplicatePort(const std::vector<PortConfig>& ports)
 {
     QSet<QString> keys;
     for (const PortConfig& config : ports) {
         const QString key = keyOf(config);
         if (keys.contains(key)) {
-            return config.port;
+            return &config;
         }
         keys.insert(key);
     }
-    return std::nullopt;
+    return nullptr;
 }
 
-bool hasEmptyPort(const AssignedSignals& rows)
+const IoRowTemplate* signalWithoutPort(const AssignedSignals& rows)
 {
-    return std::any_of(rows.begin(), rows.end(),
-                       [](const AssignedSignal& row) { return isActive(row) && row.assignment.port.isEmpty(); });
+    for (const AssignedSignal& row : rows) {
+        if (isActive(row) && row.assignment.port.isEmpty()) {
+            return row.signal;
+        }
+    }
+    return nullptr;
 }

@@ -3,7 +3,6 @@
 
 #include "page/io/assignment.h"
 
-#include <optional>
 #include <vector>
 
 /// The rules that an I/O mapping must keep before it is saved. They judge values and tell what is wrong, never how to
@@ -20,6 +19,7 @@ using AssignedSignals = std::vector<AssignedSignal>;
 
 /// A port that a signal in use occupies.
 struct PortConfig {
+    const IoRowTemplate* signal;
     QString port;
     int type; ///< server type
     int bias; ///< element of a register, from 0; 0 for anything else
@@ -35,11 +35,12 @@ bool isActive(const AssignedSignal& row);
 /// The ports that active signals occupy, in table order. Empty ones occupy nothing.
 std::vector<PortConfig> occupiedPorts(const AssignedSignals& rows);
 
-/// The first port that repeats an earlier one. A port is told from others by its text and server type, a register by
-/// its element as well: the same text under two I/O types counts as the same port when these have one server type.
-std::optional<QString> duplicatePort(const std::vector<PortConfig>& ports);
+/// The first port that repeats an earlier one, with the signal that does; null if none does. A port is told from others
+/// by its text and server type, a register by its element as well: the same text under two I/O types counts as the same
+/// port when these have one server type.
+const PortConfig* duplicatePort(const std::vector<PortConfig>& ports);
 
-/// Whether an active signal has no port.
-bool hasEmptyPort(const AssignedSignals& rows);
+/// The first active signal without a port; null if all have one.
+const IoRowTemplate* signalWithoutPort(const AssignedSignals& rows);
 
 #endif

@@ -82,3 +82,13 @@ void WeldIoRow::offerElements(int preferred) const
     biasCombo->setCurrentIndex(qBound(1, wanted, length) - 1);
     biasCombo->setVisible(isRegister);
 }
+
+AssignedSignals valuesOf(const std::vector<WeldIoRow>& rows)
+{
+    AssignedSignals values;
+    values.reserve(rows.size());
+    for (const WeldIoRow& row : rows) {
+        values.push_back(row.value());
+    }
+    return values;
+}

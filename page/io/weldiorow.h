@@ -37,4 +37,6 @@ struct WeldIoRow {
     void offerElements(int preferred) const;
 };
 
+AssignedSignals valuesOf(const std::vector<WeldIoRow>& rows);
+
 #endif
