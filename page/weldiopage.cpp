@@ -22,6 +22,9 @@ constexpr int kRefreshDelayMs = 16;   ///< within which requests for a new layou
 constexpr int kLeastComboHeight = 20; ///< inside, in pixels: what a finger still hits
 constexpr int kComboFrame = 8;        ///< what a row is higher than the inside of its selectors, in pixels
 
+/// The table has a frame of its own, and square corners.
+constexpr char kPaneSheet[] = "QTabWidget::pane{border:none;border-radius:0px;}";
+
 /// The names; those of signals that are switched off keep a contrast of 4.5 : 1 on white.
 constexpr char kNameSheet[] = R"(QLabel{font:400 10pt "Microsoft YaHei UI";color:#202020;})"
                               R"(QLabel:disabled{color:#757575;})";
@@ -166,8 +169,8 @@ void WeldioPage::initStyle()
 void WeldioPage::applySheets()
 {
     const int comboHeight = qMax(UiScale::tableRowHeight(this) - kComboFrame, kLeastComboHeight);
-    const QString sheet =
-        detailTabStyleSheet() + QLatin1String(kNameSheet) + ioPageComboBoxStyleSheet(this, comboHeight);
+    const QString sheet = detailTabStyleSheet() + QLatin1String(kPaneSheet) + QLatin1String(kNameSheet) +
+                          ioPageComboBoxStyleSheet(this, comboHeight);
     setStyleSheetOnce(ui->tabWidget_io, UiScale::scaleStylesheet(sheet, this));
     UiScale::applyContentFonts(this, kFontPoints);
     for (QPushButton* button : {ui->pushButton_Cancel, ui->pushButton_Save}) {
