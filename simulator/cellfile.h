@@ -2,12 +2,12 @@
 #define SIMULATOR_CELLFILE_H
 
 #include "simulator/filefault.h"
+#include "simulator/registerchanges.h"
 #include "simulator/robotpoint.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
-#include <QSet>
 #include <QStringList>
 #include <QVector>
 
@@ -28,7 +28,7 @@ struct Cell {
     QJsonObject hostSettings;      ///< settings of the pendant itself by name
     QMap<QString, QStringList> io; ///< signal names by type: DI DO AI AO GI GO
     QJsonArray registers;          ///< one object per register: name, type, rw, len
-    QSet<QString> withdrawn;       ///< names of the registers that the controller does not publish
+    RegisterChanges changes;       ///< what was done to the registers since; none in a cell file
     QVector<RobotPoint> points;    ///< each with a tool and a work object of this cell
     Pose position;                 ///< the robot's
     QStringList tools;

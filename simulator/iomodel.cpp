@@ -3,6 +3,7 @@
 #include "simulator/confignodes.h"
 #include "simulator/registerlist.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -19,17 +20,34 @@ QString titleOf(int column)
     switch (column) {
     case IoModel::Name:
         return IoModel::tr("Name");
+    case IoModel::Kind:
+        return IoModel::tr("Kind");
+    case IoModel::Length:
+        return IoModel::tr("Len");
     case IoModel::Access:
         return IoModel::tr("Access");
     case IoModel::UsedBy:
         return IoModel::tr("Used by");
-    case IoModel::Kind:
-        return IoModel::tr("Kind");
-    case IoModel::Length:
-        return IoModel::tr("Length");
     default:
         return QString::fromUtf8("\u2713");
     }
+}
+
+/// Grey, and still as legible as a text has to be: black on white becomes 5.7:1.
+QColor fadedText()
+{
+    const QColor text = QGuiApplication::palette().color(QPalette::Text);
+    const QColor base = QGuiApplication::palette().color(QPalette::Base);
+    const auto mixed = [](int of, int with) { return (3 * of + 2 * with) / 5; };
+    return {mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())};
+}
+
+/// Nothing else is set: a view takes the rest from its own font.
+QFont struckOut()
+{
+    QFont font;
+    font.setStrikeOut(true);
+    return font;
 }
 
 } // namespace
@@ -46,8 +64,9 @@ IoModel::IoModel(SimulatedController* controller, QObject* parent)
             m_ports.append({list.key(), name});
         }
     }
-    readUsers();
+    m_inCell = QSet<Port>(m_ports.cbegin(), m_ports.cend());
     m_shown = shown();
+    readUsers();
     connect(controller, &SimulatedController::dataChanged, this, &IoModel::readUsers);
     connect(controller, &SimulatedController::registersChanged, this, &IoModel::refresh);
 }
@@ -55,13 +74,30 @@ IoModel::IoModel(SimulatedController* controller, QObject* parent)
 void IoModel::readUsers()
 {
     const QJsonValue node = m_controller->nodes().value(QLatin1String(node::kIo));
-    if (node != m_node) {
-        m_node = node;
-        m_users = portUsers(node);
-        refilter();
-        if (!m_shown.isEmpty()) {
-            emit dataChanged(index(0, UsedBy), index(m_shown.size() - 1, UsedBy));
+    if (node == m_node) {
+        return;
+    }
+    m_node = node;
+    const QHash<Port, QStringList> users = portUsers(node);
+    QVector<Port> elsewhere;
+    for (auto port = users.keyBegin(); port != users.keyEnd(); ++port) {
+        if (!m_inCell.contains(*port)) {
+            elsewhere.append(*port);
         }
+    }
+    std::sort(elsewhere.begin(), elsewhere.end());
+    if (elsewhere != m_ports.mid(m_inCell.size())) {
+        beginResetModel();
+        m_ports = m_ports.mid(0, m_inCell.size()) + elsewhere;
+        m_users = users;
+        m_shown = shown();
+        endResetModel();
+        return;
+    }
+    m_users = users;
+    refilter();
+    if (!m_shown.isEmpty()) {
+        emit dataChanged(index(0, UsedBy), index(m_shown.size() - 1, UsedBy));
     }
 }
 
@@ -128,7 +164,7 @@ QString IoModel::usersOf(int place) const
 QString IoModel::text(int place, int column) const
 {
     const auto member = [&](const char* name) {
-        return isRegister(place) ? m_controller->cell().registers.at(place)[QLatin1String(name)].toVariant().toString()
+        return isRegister(place) ? m_controller->registerAt(place).value(QLatin1String(name)).toVariant().toString()
                                  : QString();
     };
     switch (column) {
@@ -139,12 +175,26 @@ QString IoModel::text(int place, int column) const
     case UsedBy:
         return usersOf(place);
     case Kind:
-        return isRegister(place) ? member(registermember::kType) : m_ports.at(place).first;
+        return isRegister(place)         ? member(registermember::kType)
+               : place < m_inCell.size() ? m_ports.at(place).first
+                                         : tr("missing");
     case Length:
         return member(registermember::kLength);
     default:
         return {};
     }
+}
+
+/// A text that has no room in its column, and what is the matter with the port.
+QString IoModel::toolTip(int place, int column) const
+{
+    if (column == UsedBy) {
+        return usersOf(place);
+    }
+    if (isRegister(place) && !m_controller->isPublished(place)) {
+        return tr("%1: the controller does not publish this register").arg(text(place, Name));
+    }
+    return place < m_inCell.size() ? text(place, column) : tr("%1: not in this cell").arg(text(place, Name));
 }
 
 QVariant IoModel::data(const QModelIndex& index, int role) const
@@ -159,12 +209,15 @@ QVariant IoModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return text(place, index.column());
     case Qt::ToolTipRole:
-        return isWithdrawn ? tr("The controller does not publish this register.") : text(place, index.column());
+        return toolTip(place, index.column());
     case Qt::CheckStateRole:
         return index.column() == Published && isRegister(place) ? QVariant(isWithdrawn ? Qt::Unchecked : Qt::Checked)
                                                                 : QVariant();
     case Qt::ForegroundRole:
-        return isWithdrawn ? QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text) : QVariant();
+        // The access of a withdrawn register can be changed, and looks it.
+        return isWithdrawn && index.column() != Access ? QVariant(fadedText()) : QVariant();
+    case Qt::FontRole:
+        return isWithdrawn && index.column() == Name ? QVariant(struckOut()) : QVariant();
     case Qt::TextAlignmentRole:
         return static_cast<int>((index.column() == Length ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     default:
@@ -183,8 +236,7 @@ bool IoModel::setData(const QModelIndex& index, const QVariant& value, int role)
         return true;
     }
     if (index.column() == Access && role == Qt::EditRole) {
-        m_controller->setRegisterAccess(place, value.toString());
-        return true;
+        return m_controller->setRegisterAccess(place, value.toString());
     }
     return false;
 }
@@ -206,6 +258,9 @@ QVariant IoModel::headerData(int section, Qt::Orientation orientation, int role)
     }
     if (role == Qt::ToolTipRole && section == Published) {
         return tr("Whether the controller publishes the register");
+    }
+    if (role == Qt::ToolTipRole && section == Length) {
+        return tr("How many elements the register has");
     }
     return role == Qt::DisplayRole ? titleOf(section) : QVariant();
 }

@@ -9,7 +9,8 @@
 namespace sim
 {
 
-/// The controller's registers and I/O points as a table, and which laser-welding signals use them. A register can be
+/// The controller's registers and I/O points as a table, and which laser-welding signals use them; at its end the ports
+/// that a signal uses and the cell does not have. A register can be
 /// changed here: its tick says whether the controller publishes it, its access is a word to be edited. Filtering is
 /// done here and not in a proxy, which would map every row of a long list once more.
 class IoModel : public QAbstractTableModel
@@ -17,7 +18,7 @@ class IoModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { Published, Name, Access, UsedBy, Kind, Length, ColumnCount };
+    enum Column { Published, Name, Kind, Length, Access, UsedBy, ColumnCount };
 
     explicit IoModel(SimulatedController* controller, QObject* parent = nullptr);
 
@@ -36,6 +37,7 @@ public:
 private:
     bool isRegister(int place) const { return place < m_controller->cell().registers.size(); }
     QString text(int place, int column) const;
+    QString toolTip(int place, int column) const;
     QString usersOf(int place) const;
     QVector<int> shown() const;
     void readUsers();
@@ -43,7 +45,8 @@ private:
     void refresh(int place);
 
     SimulatedController* m_controller;
-    QVector<Port> m_ports; ///< the registers in the order of the cell, then the I/O points
+    QSet<Port> m_inCell;   ///< the ports that the cell has
+    QVector<Port> m_ports; ///< the registers in the order of the cell, its I/O points, then what is in use besides
     QJsonValue m_node;     ///< from which the users were read
     QHash<Port, QStringList> m_users;
     QString m_filter;

@@ -2,6 +2,7 @@
 
 #include "simulator/accessdelegate.h"
 #include "simulator/iomodel.h"
+#include "simulator/registerlist.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,16 +20,16 @@ namespace sim
 namespace
 {
 constexpr int kRowPadding = 8;
-constexpr int kCellPadding = 12;
+constexpr int kCellPadding = 8;
 constexpr int kArrowWidth = 20;  ///< of a combo box
-constexpr int kMostLetters = 36; ///< that are given room; a wider column is the user's to make
+constexpr int kMostLetters = 17; ///< that are given room; a wider column is the user's to make
 } // namespace
 
 IoPanel::IoPanel(SimulatedController* controller, QWidget* parent)
     : QWidget(parent), m_model(new IoModel(controller, this)), m_table(new QTableView(this))
 {
     auto* note = new QLabel(tr("A register without its tick is withdrawn: the controller no longer publishes it. A "
-                               "click on the access of a register changes it."),
+                               "click on the access of a register opens a menu of others."),
                             this);
     note->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
@@ -72,13 +73,15 @@ void IoPanel::setUpTable()
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->horizontalHeader()->setSectionResizeMode(IoModel::UsedBy, QHeaderView::Stretch);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setSizes();
     connect(m_table, &QTableView::clicked, this, &IoPanel::offerAccess);
     connect(m_table, &QTableView::activated, this, &IoPanel::offerAccess);
 }
 
-/// Once, from what is there at the start: a table that measures its contents again and again is slow when it is long.
+/// What stands before the users gets no more room than it needs, so that they can be seen in a narrow panel. Once, from
+/// what is there at the start: a table that measures its contents again and again is slow when it is long.
 void IoPanel::setSizes()
 {
     const QFontMetrics metrics = m_table->fontMetrics();
@@ -86,7 +89,7 @@ void IoPanel::setSizes()
     m_table->setColumnWidth(IoModel::Published,
                             m_table->style()->pixelMetric(QStyle::PM_IndicatorWidth) + kCellPadding);
     const int widest = kMostLetters * metrics.averageCharWidth();
-    for (int column = IoModel::Name; column < IoModel::ColumnCount; ++column) {
+    for (int column = IoModel::Name; column < IoModel::UsedBy; ++column) {
         int width = metrics.horizontalAdvance(m_model->headerData(column, Qt::Horizontal).toString());
         for (int row = 0; row < m_model->rowCount() && width < widest; ++row) {
             width = qMax(width, metrics.horizontalAdvance(m_model->index(row, column).data().toString()));
@@ -103,14 +106,10 @@ void IoPanel::offerAccess(const QModelIndex& cell)
         return;
     }
     const QString current = cell.data().toString();
-    QStringList words = {QStringLiteral("rw"), QStringLiteral("ro"), QStringLiteral("wo")};
-    if (!words.contains(current)) {
-        words.append(current);
-    }
     auto* menu = new QMenu(m_table);
     menu->setObjectName(QStringLiteral("registerAccess"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const QString& word : words) {
+    for (const QString& word : accessWords()) {
         QAction* action = menu->addAction(word);
         action->setCheckable(true);
         action->setChecked(word == current);

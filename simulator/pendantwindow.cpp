@@ -274,7 +274,7 @@ void PendantWindow::keepState(const QString& file)
 {
     const auto save = [this, file] {
         const QString reason =
-            saveState(file, m_controller->nodes(), m_controller->points(), m_controller->registers());
+            saveState(file, m_controller->nodes(), m_controller->points(), m_controller->cell().changes);
         if (!reason.isEmpty()) {
             notice(tr("the state file %1 could not be written: %2").arg(file, reason));
         }

@@ -82,7 +82,7 @@ QHash<Port, QStringList> portUsers(const QJsonValue& ioNode)
     for (const WeldSignal& signal : all) {
         const QString port = members.value(signal.port).toString();
         const QString kind = signal.kinds.value(members.value(signal.type).toInt(-1));
-        if (port.isEmpty() || kind.isEmpty()) {
+        if (port.isEmpty()) {
             continue;
         }
         QString user = signal.name;

@@ -12,7 +12,8 @@ namespace sim
 /// The kind of every port that is a register, as the schema of the I/O node calls it.
 constexpr char kRegisterKind[] = "register";
 
-/// A port by its kind, one of DI DO AI AO GI GO and kRegisterKind, and its name.
+/// A port by its kind, one of DI DO AI AO GI GO and kRegisterKind, and its name. A signal whose node gives a kind that
+/// the signal can't have uses a port of an empty kind.
 using Port = QPair<QString, QString>;
 
 /// Which laser-welding signals an I/O node gives each port to, in words: "Laser on", "Descent signal (off)" when the

@@ -19,6 +19,11 @@ QString nameOfRegister(const QJsonValue& entry)
     return entry[QLatin1String(registermember::kName)].toString();
 }
 
+QString accessOf(const QJsonValue& entry)
+{
+    return entry[QLatin1String(registermember::kAccess)].toString();
+}
+
 QStringList accessWords()
 {
     const JsonPath access = JsonPath() / QStringLiteral("registers") / 0 / QLatin1String(registermember::kAccess);

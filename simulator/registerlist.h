@@ -17,11 +17,12 @@ constexpr char kAccess[] = "rw";
 constexpr char kLength[] = "len";
 } // namespace registermember
 
-/// The registers at that path, as a cell and a state have them; their schema has been held against them before. Their
+/// The registers at that path, or what a state says of some; their schema has been held against them before. Their
 /// names must be names, each once.
 QJsonArray readRegisters(NameCheck& check, const QJsonValue& value, const JsonPath& path);
 
 QString nameOfRegister(const QJsonValue& entry);
+QString accessOf(const QJsonValue& entry);
 
 /// The words for the access of a register that its schema knows.
 QStringList accessWords();

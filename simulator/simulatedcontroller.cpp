@@ -120,22 +120,32 @@ QString SimulatedController::addPoint(const QString& name, bool overwrite, const
 
 QJsonArray SimulatedController::registers() const
 {
-    if (m_cell.withdrawn.isEmpty()) {
+    if (m_cell.changes.withdrawn.isEmpty() && m_cell.changes.access.isEmpty()) {
         return m_cell.registers;
     }
     QJsonArray published;
-    for (const QJsonValue entry : m_cell.registers) {
-        if (!m_cell.withdrawn.contains(nameOfRegister(entry))) {
-            published.append(entry);
+    for (int place = 0; place < m_cell.registers.size(); ++place) {
+        if (isPublished(place)) {
+            published.append(registerAt(place));
         }
     }
     return published;
 }
 
+QJsonObject SimulatedController::registerAt(int place) const
+{
+    QJsonObject entry = m_cell.registers.at(place).toObject();
+    const auto changed = m_cell.changes.access.constFind(nameOfRegister(entry));
+    if (changed != m_cell.changes.access.constEnd()) {
+        entry.insert(QLatin1String(registermember::kAccess), *changed);
+    }
+    return entry;
+}
+
 bool SimulatedController::isPublished(int place) const
 {
     return place >= 0 && place < m_cell.registers.size() &&
-           !m_cell.withdrawn.contains(nameOfRegister(m_cell.registers.at(place)));
+           !m_cell.changes.withdrawn.contains(nameOfRegister(m_cell.registers.at(place)));
 }
 
 void SimulatedController::setRegisterPublished(int place, bool published)
@@ -145,28 +155,32 @@ void SimulatedController::setRegisterPublished(int place, bool published)
     }
     const QString name = nameOfRegister(m_cell.registers.at(place));
     if (published) {
-        m_cell.withdrawn.remove(name);
+        m_cell.changes.withdrawn.remove(name);
     } else {
-        m_cell.withdrawn.insert(name);
+        m_cell.changes.withdrawn.insert(name);
     }
     emit dataChanged();
     emit registersChanged(place);
 }
 
-void SimulatedController::setRegisterAccess(int place, const QString& access)
+bool SimulatedController::setRegisterAccess(int place, const QString& access)
 {
     // What a state file could not give back is not taken in.
     if (place < 0 || place >= m_cell.registers.size() || !accessWords().contains(access)) {
-        return;
+        return false;
     }
-    const QString member = QLatin1String(registermember::kAccess);
-    QJsonObject changed = m_cell.registers.at(place).toObject();
-    if (changed.value(member) != access) {
-        changed.insert(member, access);
-        m_cell.registers.replace(place, changed);
-        emit dataChanged();
-        emit registersChanged(place);
+    const QJsonValue own = m_cell.registers.at(place);
+    if (accessOf(registerAt(place)) == access) {
+        return true;
     }
+    if (accessOf(own) == access) {
+        m_cell.changes.access.remove(nameOfRegister(own));
+    } else {
+        m_cell.changes.access.insert(nameOfRegister(own), access);
+    }
+    emit dataChanged();
+    emit registersChanged(place);
+    return true;
 }
 
 void SimulatedController::setPosition(const Pose& position)

@@ -27,7 +27,7 @@ public:
     explicit SimulatedController(Cell cell, QObject* parent = nullptr);
 
     /// The cell: signals, registers, tools and the like. Its nodes, values, points and position are those at the
-    /// start; the font zoom, the registers and what is withdrawn of them are those of now.
+    /// start; the font zoom and what was done to the registers are those of now.
     const Cell& cell() const { return m_cell; }
     /// The nodes as they stand now.
     QJsonObject nodes() const { return m_data.nodes; }
@@ -44,13 +44,16 @@ public:
     /// Stores the current position as a point of that name; an existing one only with overwrite. Returns why it was
     /// not stored, empty when it was.
     QString addPoint(const QString& name, bool overwrite, const QString& tool, const QString& wobj);
-    /// The registers that it publishes.
+    /// The registers that it publishes, as they stand now.
     QJsonArray registers() const;
+    /// One of the cell's registers, published or not, as it stands now; empty for a place that is none.
+    QJsonObject registerAt(int place) const;
     bool isPublished(int place) const;
     /// Changes a register at that place of the cell's list, as something that is done at the controller. A place that
     /// is none, and an access that no cell may give, change nothing.
     void setRegisterPublished(int place, bool published);
-    void setRegisterAccess(int place, const QString& access);
+    /// Returns whether the register has that access now.
+    bool setRegisterAccess(int place, const QString& access);
     /// Replaces the nodes, as something that happens at the machine.
     void setNodes(const QJsonObject& nodes);
 

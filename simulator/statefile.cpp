@@ -17,9 +17,10 @@ namespace
 constexpr char kNodes[] = "nodes";
 constexpr char kPoints[] = "points";
 constexpr char kRegisters[] = "registers";
+constexpr char kWithdrawn[] = "withdrawn";
+constexpr char kAccess[] = "access";
 
-/// The schema of the cell has that of a state among its definitions, with which it shares nodes, points and
-/// registers.
+/// The schema of the cell has that of a state among its definitions, with which it shares nodes and points.
 const SchemaValidator& schema()
 {
     static const SchemaValidator validator([] {
@@ -30,29 +31,32 @@ const SchemaValidator& schema()
     return validator;
 }
 
-void restoreRegisters(const QJsonArray& published, Cell* cell)
+RegisterChanges readChanges(NameCheck& check, const QJsonValue& value, const JsonPath& path)
 {
-    QHash<QString, QJsonValue> left;
-    for (const QJsonValue entry : published) {
-        left.insert(nameOfRegister(entry), entry);
+    const QString withdrawn = QLatin1String(kWithdrawn);
+    const QString access = QLatin1String(kAccess);
+    RegisterChanges changes;
+    const QJsonArray names = value[withdrawn].toArray();
+    for (int i = 0; !check.fault() && i < names.size(); ++i) {
+        const JsonPath place = path / withdrawn / i;
+        check.another(check.name(names.at(i), place), place, &changes.withdrawn);
     }
-    const int room = kMostNames - published.size();
-    QJsonArray registers;
-    for (const QJsonValue entry : qAsConst(cell->registers)) {
-        const QString name = nameOfRegister(entry);
-        if (left.contains(name)) {
-            registers.append(left.take(name));
-        } else if (cell->withdrawn.size() < room) {
-            registers.append(entry);
-            cell->withdrawn.insert(name);
-        }
+    for (const QJsonValue entry : readRegisters(check, value[access], path / access)) {
+        changes.access.insert(nameOfRegister(entry), accessOf(entry));
     }
-    for (const QJsonValue entry : published) {
-        if (left.contains(nameOfRegister(entry))) {
-            registers.append(entry);
-        }
+    return changes;
+}
+
+QJsonObject changesToJson(const RegisterChanges& changes)
+{
+    QStringList withdrawn = changes.withdrawn.values();
+    withdrawn.sort();
+    QJsonArray access;
+    for (auto change = changes.access.constBegin(); change != changes.access.constEnd(); ++change) {
+        access.append(QJsonObject{{QLatin1String(registermember::kName), change.key()},
+                                  {QLatin1String(registermember::kAccess), change.value()}});
     }
-    cell->registers = registers;
+    return {{QLatin1String(kWithdrawn), QJsonArray::fromStringList(withdrawn)}, {QLatin1String(kAccess), access}};
 }
 
 } // namespace
@@ -81,7 +85,7 @@ std::optional<State> loadState(const QString& path, FileFault* fault)
         }
         const QString registers = QLatin1String(kRegisters);
         if (root->contains(registers)) {
-            state.registers = readRegisters(check, root->value(registers), JsonPath() / registers);
+            state.registers = readChanges(check, root->value(registers), JsonPath() / registers);
         }
         found = check.fault();
     }
@@ -96,18 +100,25 @@ void restoreState(const State& state, Cell* cell)
 {
     cell->nodes = state.nodes.value_or(cell->nodes);
     cell->points = state.points.value_or(cell->points);
-    if (state.registers) {
-        restoreRegisters(*state.registers, cell);
+    cell->changes = {};
+    for (const QJsonValue entry : qAsConst(cell->registers)) {
+        const QString name = nameOfRegister(entry);
+        const QString access = state.registers.access.value(name, accessOf(entry));
+        if (state.registers.withdrawn.contains(name)) {
+            cell->changes.withdrawn.insert(name);
+        }
+        if (access != accessOf(entry)) {
+            cell->changes.access.insert(name, access);
+        }
     }
 }
 
 QString saveState(const QString& path, const QJsonObject& nodes, const QVector<RobotPoint>& points,
-                  const std::optional<QJsonArray>& registers)
+                  const RegisterChanges& registers)
 {
-    QJsonObject root = {{QLatin1String(kNodes), nodes}, {QLatin1String(kPoints), pointsToJson(points)}};
-    if (registers) {
-        root.insert(QLatin1String(kRegisters), *registers);
-    }
+    const QJsonObject root = {{QLatin1String(kNodes), nodes},
+                              {QLatin1String(kPoints), pointsToJson(points)},
+                              {QLatin1String(kRegisters), changesToJson(registers)}};
     return writeWholeFile(path, QJsonDocument(root).toJson());
 }
 
