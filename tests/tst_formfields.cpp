@@ -116,6 +116,11 @@ void TestFormFields::loadingIsSilent()
     QCOMPARE(number.size() + flip.size() + text.size() + index.size(), 0);
     form.integer.setValue(9);
     QCOMPARE(number.size(), 1);
+    // What is typed and can't be saved is not left standing.
+    form.integer.selectAll();
+    QTest::keyClicks(&form.integer, "-");
+    form.fields.save();
+    QCOMPARE(form.integer.text(), QString("9"));
 }
 
 QTEST_MAIN(TestFormFields)

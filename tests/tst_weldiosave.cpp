@@ -209,6 +209,14 @@ void TestWeldioSave::hostThatThrows()
     shown.combo("power", "type")->setCurrentIndex(1);
     QVERIFY(!shown.page.isEnabled());
     QCOMPARE(shown.combo("duty_cycle", "port")->itemText(30), QString("GO30"));
+    // Out of a show: nobody knows what may be edited.
+    shown.host.level = 3;
+    shown.page.applyIoPageOperateStatus();
+    shown.host.onCall = [](const QString&) { throw std::runtime_error("line broken"); };
+    QShowEvent show;
+    QVERIFY_EXCEPTION_THROWN(QCoreApplication::sendEvent(&shown.page, &show), std::runtime_error);
+    shown.host.onCall = nullptr;
+    QVERIFY(!shown.page.isEnabled());
 }
 
 void TestWeldioSave::pageTakenAway_data()
