@@ -14,10 +14,10 @@
 #include <QPointer>
 #include <QSet>
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace Ui

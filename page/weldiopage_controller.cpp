@@ -6,15 +6,14 @@
 #include "common/operatormessage.h"
 #include "page/weldiopage.h"
 #include "page/weldsettingpage.h"
-#include "ui_weldiopage.h"
 #include "widgets/listcombobox.h"
-#include "widgets/uiscale.h"
 
 #include <QLabel>
 #include <QScopeGuard>
 #include <QShowEvent>
 
 #include <algorithm>
+#include <optional>
 
 template <typename Work>
 bool WeldioPage::conduct(const Work& work)
