@@ -82,13 +82,14 @@ void checkCell(const Cell& cell)
     }
 }
 
-void checkKept(const QJsonObject& nodes, const QVector<RobotPoint>& points)
+void checkKept(const QJsonObject& nodes, const QVector<RobotPoint>& points, const RegisterChanges& registers)
 {
     const QString path = pathOf("kept.json");
     FileFault fault;
-    require(saveState(path, nodes, points).isEmpty(), "an accepted state can't be saved");
+    require(saveState(path, nodes, points, registers).isEmpty(), "an accepted state can't be saved");
     const auto again = loadState(path, &fault);
-    require(again && again->nodes == nodes && again->points == points,
+    require(again && again->nodes == nodes && again->points == points &&
+                again->registers.withdrawn == registers.withdrawn && again->registers.access == registers.access,
             "a state changes when it is saved and loaded again");
 }
 
@@ -228,7 +229,7 @@ void checkCellFile(const QByteArray& bytes, Dice& dice)
         return;
     }
     checkCell(*cell);
-    checkKept(cell->nodes, cell->points);
+    checkKept(cell->nodes, cell->points, cell->changes);
     SimulatedController controller(*cell);
     drive(controller, dice);
 }
@@ -247,10 +248,9 @@ void checkStateFile(const QByteArray& bytes, Dice& dice)
     static const Cell shipped = asCell(shippedCell());
     Cell cell = shipped;
     require(state->nodes.has_value(), "a state without nodes is accepted");
-    cell.nodes = *state->nodes;
-    cell.points = state->points.value_or(cell.points);
+    restoreState(*state, &cell);
     checkPoints(cell.points);
-    checkKept(cell.nodes, cell.points);
+    checkKept(cell.nodes, cell.points, state->registers);
     SimulatedController controller(cell);
     drive(controller, dice);
 }
