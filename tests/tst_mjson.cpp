@@ -60,10 +60,10 @@ void TestMJson::signalLists()
                {"AI", {"AI4"}},         {"GO", {"GO5"}}, {"GI", {"GI6"}}};
     host.registerNames = QStringList{"R10", "R9"};
     QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO10"}));
-    host.io["DO"].append("DO3"); // only an unchanged list may be taken as sorted before
-    QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO3", "DO10"}));
-    host.io["DO"].last() = "DO30";
+    host.io["DO"].append("DO30"); // only an unchanged list may be taken as sorted before
     QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO10", "DO30"}));
+    host.io["DO"].last() = "DO3";
+    QCOMPARE(mJson::GetDO(), QStringList({"DO2", "DO3", "DO10"}));
     QCOMPARE(mJson::GetDI() + mJson::GetAO() + mJson::GetAI() + mJson::GetGO() + mJson::GetGI(),
              QStringList({"DI1", "AO3", "AI4", "GO5", "GI6"}));
     QCOMPARE(mJson::GetREG(), QStringList({"R9", "R10"}));

@@ -248,6 +248,11 @@ void TestWeldioPage::rules_data()
                                                       {"swing_job_port", "GO5"},
                                                       {"swing_job_enabled", true}}
                                        << saved;
+    QTest::newRow("input, twice") << QJsonObject{{"light_feedback_port", "DI1"},
+                                                 {"light_feedback_enabled", true},
+                                                 {"laser_alarm_port", "DI1"},
+                                                 {"laser_alarm_enabled", true}}
+                                  << used.arg("DI1");
     QTest::newRow("required") << QJsonObject{{"gas_protect_port", ""}} << empty;
     QTest::newRow("switched on") << QJsonObject{{"laser_alarm_enabled", true}} << empty;
     QTest::newRow("output, off") << lost << wrong.arg("Descent signal", "Gone%2", "writable register");

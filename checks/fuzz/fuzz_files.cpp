@@ -160,7 +160,7 @@ void checkStoring(SimulatedController& controller, Dice& dice)
     const RobotPoint stored = {name, controller.position(), tool, cell.currentWobj};
     require(obstacle.isEmpty() ? controller.points().contains(stored) : controller.points() == before,
             "a point is not stored as it is said to be");
-    checkKept(controller.nodes(), controller.points());
+    checkKept(controller.nodes(), controller.points(), controller.cell().changes);
 }
 
 /// The pendant buttons' commands, with what they really bring, also when there are no settings to go by.
