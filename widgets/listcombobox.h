@@ -12,8 +12,7 @@ class QAbstractItemView;
 /// A combo box whose list may be 100,000 entries long: nothing but opening it, and looking a text up, takes longer with
 /// a longer list; one of more than a million entries does not open. It measures none of its entries but is as wide as
 /// minimumContentsLength() characters (8 unless set), whatever its size policy says, and lays out its popup list only
-/// when that is opened. Not to be made editable, nor
-/// given another model.
+/// when that is opened. Not to be made editable, nor given another model.
 class ListComboBox : public QComboBox
 {
     Q_OBJECT
