@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QJsonObject>
 
+#include <limits>
+
 namespace sim
 {
 
@@ -24,10 +26,15 @@ constexpr KindRow kKinds[] = {
     {AnswerKind::False, QT_TRANSLATE_NOOP("sim::AnswerPlan", "boolean false"), false},
     {AnswerKind::Empty, QT_TRANSLATE_NOOP("sim::AnswerPlan", "empty array"), false},
     {AnswerKind::OtherFirst, QT_TRANSLATE_NOOP("sim::AnswerPlan", "another command's answer first"), true},
+    {AnswerKind::TwoAnswers, QT_TRANSLATE_NOOP("sim::AnswerPlan", "a different answer first"), true},
+    {AnswerKind::NoMembers, QT_TRANSLATE_NOOP("sim::AnswerPlan", "answer without members"), false},
+    {AnswerKind::Huge, QT_TRANSLATE_NOOP("sim::AnswerPlan", "huge numbers"), false},
     {AnswerKind::Malformed, QT_TRANSLATE_NOOP("sim::AnswerPlan", "malformed elements"), false},
 };
 
 constexpr int kRefusal = 7;
+constexpr int kHugeCode = std::numeric_limits<int>::max();
+constexpr double kHugeNumber = 1e300;
 
 const KindRow& rowOf(AnswerKind kind)
 {
@@ -43,6 +50,26 @@ QJsonObject element(const QString& plugin, const QString& command, const QJsonVa
 {
     answer.insert(QStringLiteral("return"), code);
     return {{plugin, QJsonObject{{command, answer}}}};
+}
+
+/// Plainly not the proper numbers.
+QJsonObject different(QJsonObject numbers)
+{
+    for (QJsonValueRef number : numbers) {
+        number = 2 * number.toDouble() + 1;
+    }
+    return numbers;
+}
+
+/// Numbers that alternate in sign: an intercept and a slope contradict each other.
+QJsonObject huge(QJsonObject numbers)
+{
+    double next = -kHugeNumber;
+    for (QJsonValueRef number : numbers) {
+        number = next;
+        next = -next;
+    }
+    return numbers;
 }
 
 QJsonArray malformed(const QString& plugin, const QString& command)
@@ -75,6 +102,10 @@ bool controllerActs(AnswerKind kind)
 QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode,
                        const QJsonObject& details)
 {
+    // Of a command that says nothing beside its code, the code is what goes wrong.
+    const auto wrong = [&](int code, const QJsonObject& numbers) {
+        return element(plugin, command, details.isEmpty() ? QJsonValue(code) : properCode, numbers);
+    };
     switch (kind) {
     case AnswerKind::NumberZero:
         return {element(plugin, command, 0)};
@@ -90,6 +121,12 @@ QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& co
         return {};
     case AnswerKind::OtherFirst:
         return {element(plugin, QStringLiteral("get_weld_status"), 1), element(plugin, command, properCode, details)};
+    case AnswerKind::TwoAnswers:
+        return {wrong(kRefusal, different(details)), element(plugin, command, properCode, details)};
+    case AnswerKind::NoMembers:
+        return {element(plugin, command, QJsonValue::Undefined)};
+    case AnswerKind::Huge:
+        return {wrong(kHugeCode, huge(details))};
     case AnswerKind::Malformed:
         return malformed(plugin, command);
     case AnswerKind::Proper:

@@ -20,6 +20,9 @@ enum class AnswerKind {
     False,
     Empty,      ///< an empty array: nothing answers
     OtherFirst, ///< the answer of another command, then the proper one
+    TwoAnswers, ///< one that differs, then the proper one
+    NoMembers,  ///< an answer that holds nothing, not even a code
+    Huge,       ///< numbers too large for anything; a code that is one, where the code is all there is
     Malformed   ///< elements in which nothing can be found
 };
 
@@ -34,11 +37,11 @@ QList<AnswerKind> answerKinds();
 QString answerLabel(AnswerKind kind);
 
 /// Whether an answer of this kind comes from a controller that did what it was told. A refusal, silence or
-/// nonsense comes from one that did not: nothing is stored.
+/// nonsense, huge numbers among it, comes from one that did not: nothing is stored.
 bool controllerActs(AnswerKind kind);
 
-/// The elements of the result array for one command; properCode is what the command itself returned, details what it
-/// says beside that.
+/// The elements of the result array for one command; properCode is what the command itself returned, details the
+/// numbers that it says beside that, none for most commands.
 QJsonArray shapeAnswer(AnswerKind kind, const QString& plugin, const QString& command, const QJsonValue& properCode,
                        const QJsonObject& details);
 

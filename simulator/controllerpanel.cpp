@@ -187,11 +187,10 @@ QGroupBox* ControllerPanel::createAnswers()
             m_controller->setPlan(command, AnswerPlan());
         }
     });
-    auto* note =
-        new QLabel(tr("With \"as it should\", \"another command's answer first\", 0 and true the controller does what "
-                      "it is told; with any other answer it does nothing and stores nothing. The pendant may read an "
-                      "answer differently: compare the true values above."),
-                   group);
+    auto* note = new QLabel(tr("With \"as it should\", 0, true and \"... first\" the controller does what it is told; "
+                               "with any other answer it does nothing and stores nothing. The pendant may read an "
+                               "answer differently: compare the true values above."),
+                            group);
     note->setWordWrap(true);
     const int last = grid->rowCount();
     grid->addWidget(note, last, 0, 1, 2);

@@ -235,9 +235,12 @@ void SimulatedController::carryOut(const CommandRow& row, AnswerKind kind, const
 {
     const QString name = QLatin1String(row.name);
     const bool monitored = monitoring();
-    CommandOutcome outcome;
-    if (controllerActs(kind)) {
-        outcome = row.execute(m_data, argument);
+    // Also a controller that does nothing may know what it would have said.
+    WeldData data = m_data;
+    const CommandOutcome outcome = row.execute(data, argument);
+    const bool acts = controllerActs(kind);
+    if (acts) {
+        m_data = data;
         if (!outcome.done) {
             execution->remarks.append(tr("%1 not executed: %2").arg(name, outcome.reason));
         }
@@ -250,10 +253,10 @@ void SimulatedController::carryOut(const CommandRow& row, AnswerKind kind, const
     for (const QJsonValue element : shapeAnswer(kind, plugin, name, outcome.code, outcome.details)) {
         execution->answer.append(element);
     }
-    if (outcome.done) {
+    if (acts && outcome.done) {
         emit dataChanged();
     }
-    if (outcome.done && row.node != nullptr) {
+    if (acts && outcome.done && row.node != nullptr) {
         emit nodesStored();
     }
     if (monitored != monitoring()) {

@@ -165,6 +165,9 @@ void TestSimulatedController::forcedAnswers()
         {AnswerKind::False, saved("false"), false},
         {AnswerKind::Empty, "[]", false},
         {AnswerKind::OtherFirst, R"([{"Corvane":{"get_weld_status":{"return":1}}},)" + saved("0").mid(1), true},
+        {AnswerKind::TwoAnswers, saved("7").replace("}}}]", "}}},") + saved("0").mid(1), true},
+        {AnswerKind::NoMembers, R"([{"Corvane":{"set_weld_setting_config":{}}}])", false},
+        {AnswerKind::Huge, saved("2147483647"), false},
         {AnswerKind::Malformed,
          R"([7,"text",{"Corvane":5},{"Corvane":{"set_weld_setting_config":3}},)"
          R"({"Corvane":{"set_weld_setting_config":{"result":0}}}])",
