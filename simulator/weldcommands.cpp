@@ -84,16 +84,18 @@ CommandOutcome computeCurve(const CommandRow& /*row*/, WeldData& /*data*/, const
     if (!nodes) {
         return refused(kBadArgument, reason);
     }
+    // Counted from the first node, equal ports have no spread at all; their mean could miss them by a rounding error.
+    const double firstPort = nodes->first()[0].toDouble();
     double meanPort = 0;
     double meanValue = 0;
     for (const QJsonValue node : *nodes) {
-        meanPort += node[0].toDouble() / nodes->size();
+        meanPort += (node[0].toDouble() - firstPort) / nodes->size();
         meanValue += node[1].toDouble() / nodes->size();
     }
     double spread = 0;
     double common = 0;
     for (const QJsonValue node : *nodes) {
-        const double port = node[0].toDouble() - meanPort;
+        const double port = node[0].toDouble() - firstPort - meanPort;
         spread += port * port;
         common += port * (node[1].toDouble() - meanValue);
     }
@@ -102,7 +104,8 @@ CommandOutcome computeCurve(const CommandRow& /*row*/, WeldData& /*data*/, const
     }
     const double slope = common / spread;
     CommandOutcome outcome = done();
-    outcome.details = {{QStringLiteral("slope"), slope}, {QStringLiteral("intercept"), meanValue - slope * meanPort}};
+    const double intercept = meanValue - slope * (firstPort + meanPort);
+    outcome.details = {{QStringLiteral("slope"), slope}, {QStringLiteral("intercept"), intercept}};
     return outcome;
 }
 

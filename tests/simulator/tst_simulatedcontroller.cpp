@@ -125,18 +125,33 @@ void TestSimulatedController::fitsALine()
     const auto curve = [](int count, const QJsonArray& nodes) {
         return QJsonObject{{"laser_feed_node", count}, {"feed_nodes_data", nodes}};
     };
-    const QJsonArray nodes = {QJsonArray{1, 10}, QJsonArray{2, 30}, QJsonArray{3, 35}, QJsonArray{6, 85}};
-    const QJsonValue line = send(compute, curve(4, nodes)).at(0)[kPlugin][compute];
-    const double slope = 205.0 / 14;
-    QVERIFY(qFuzzyCompare(line["slope"].toDouble(), slope));
-    QVERIFY(qFuzzyCompare(line["intercept"].toDouble(), 40 - 3 * slope) && line["return"] == QJsonValue(0));
+    const auto refusal = [&](const QString& command, const QJsonValue& argument) {
+        return m_controller->execute(kPlugin, {{command, argument}}).remarks.value(0).section(": ", 1);
+    };
+    const QJsonArray nodes = {QJsonArray{1, 10}, QJsonArray{3, 30}, QJsonArray{5, 20}, QJsonArray{7, 60}};
+    const QByteArray line = R"({"Corvane":{"compute_curve_config":{"intercept":2,"return":0,"slope":7}}}])";
+    const std::pair<AnswerKind, QByteArray> answers[] = {
+        {AnswerKind::Huge, R"([{"Corvane":{"compute_curve_config":{"intercept":-1e+300,"return":0,"slope":1e+300}}}])"},
+        {AnswerKind::TwoAnswers,
+         R"([{"Corvane":{"compute_curve_config":{"intercept":5,"return":0,"slope":15}}},)" + line},
+        {AnswerKind::Proper, "[" + line}};
+    for (const auto& [kind, answer] : answers) {
+        m_controller->setPlan(compute, {kind, 0});
+        QCOMPARE(compact(send(compute, curve(4, nodes))), answer);
+    }
+    // Rounded, the mean of three such ports is another.
+    const QJsonArray same = {QJsonArray{65535.99, 1}, QJsonArray{65535.99, 2}, QJsonArray{65535.99, 4}};
+    QCOMPARE(refusal(compute, curve(3, same)), QString("all nodes have the same port value"));
+    QCOMPARE(refusal(compute, curve(2, {QJsonArray{0, 1e300}, QJsonArray{1, 2}})),
+             QString("feed_nodes_data[0][1]: expected a whole number from 0 to 65535"));
     QJsonObject expected = m_controller->nodes().value(node::kCurves).toObject();
     QVERIFY(expected.value("feed_nodes_data") != nodes);
     expected.insert("feed_nodes_data", nodes);
     QCOMPARE(code(save, curve(4, nodes)), 0);
+    for (const QString& command : {compute, save}) {
+        QCOMPARE(refusal(command, curve(4, same)), QString("the number of nodes is 4, and there are 3"));
+    }
     QCOMPARE(m_controller->nodes().value(node::kCurves).toObject(), expected);
-    QVERIFY(code(compute, curve(3, nodes)) == 1 && code(save, curve(3, nodes)) == 1);
-    QCOMPARE(code(compute, curve(2, {QJsonArray{5, 1}, QJsonArray{5, 2}})), 1);
 }
 
 void TestSimulatedController::enableKeepsTheNodeInStep()
