@@ -1,13 +1,18 @@
+#include "simulator/confignodes.h"
 #include "simulator/livepicture.h"
+#include "simulator/nodespanel.h"
 #include "simulator/pendantbutton.h"
 #include "simulator/pendantwindow.h"
 #include "simulator/program/programeditor.h"
 #include "simulator/statefile.h"
 #include "simulator/userinput.h"
 
+#include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QJsonDocument>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
@@ -32,6 +37,7 @@ private slots:
     void readingTheHistory();
     void positionIsMovedAndFollowed();
     void storedPointsAreShown();
+    void storedNodesAreShown();
     void stateIsKeptOrItsLossShown();
     void fingersReachOnlyWhatIsThere();
     void closingDuringASlowCommand();
@@ -241,6 +247,22 @@ void TestPendantWindow::storedPointsAreShown()
     pendixInterface()->addCurrentPoint(QStringLiteral("Home"), true, "tool0", "wobj0");
     QCOMPARE(rowText(0), QStringLiteral("Home 0.000 0.000 0.000 0.000 0.000 0.000 tool0 wobj0"));
     QTRY_VERIFY(isInView(0));
+}
+
+void TestPendantWindow::storedNodesAreShown()
+{
+    const auto* panel = m_window->findChild<NodesPanel*>();
+    panel->findChild<QComboBox*>()->setCurrentText(QLatin1String(node::kCurves));
+    // First while another panel is shown.
+    for (const int speed : {17, 18}) {
+        const QJsonObject curve = {{"laser_feed_node", 2},
+                                   {"feed_nodes_data", QJsonArray{QJsonArray{0, 1}, QJsonArray{5, speed}}}};
+        m_controller->execute(QStringLiteral("Corvane"), {{"set_weld_curve_feed_config", curve}});
+        m_window->findChild<QTabWidget*>(QStringLiteral("inspector"))->setCurrentIndex(2);
+        const QString text = panel->findChild<QPlainTextEdit*>()->toPlainText();
+        QCOMPARE(QJsonDocument::fromJson(text.toUtf8()).object(),
+                 m_controller->nodes().value(node::kCurves).toObject());
+    }
 }
 
 void TestPendantWindow::stateIsKeptOrItsLossShown()
