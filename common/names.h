@@ -37,7 +37,11 @@ inline constexpr Node kWeldSetting = {
 inline constexpr Node kWeldIo = {
     "weld_io_config", Content::Object,
     "\"Weld I/O\", whenever it is shown, on \"Cancel\" and after a save that was accepted. Missing or no object: the "
-    "tables keep what they show"};
+    "tables keep what they show. \"Char. Curve\", whenever it is shown, and when a press is refused. Missing or no "
+    "object: all curves are closed"};
+inline constexpr Node kWeldCurve = {
+    "weld_curve_config", Content::Object,
+    "\"Char. Curve\", whenever it is shown and on \"Cancel\". Missing or no object: the tables keep what they show"};
 inline constexpr Node kVirtualWelding = {"laser_weld_data.virtual_welding_status", Content::Boolean,
                                          "status picture, after every (re)connection; pendant button \"Work mode\". "
                                          "Missing: false, real welding"};
@@ -47,7 +51,8 @@ inline constexpr Node kMonitorData = {
     "weld_monitor_data", Content::Stream,
     "the monitor, from whoever opened it; the monitor ends the subscription when it is closed or destroyed"};
 
-inline constexpr const Node* kAll[] = {&kWeldSetting, &kWeldIo, &kVirtualWelding, &kRedLightStatus, &kMonitorData};
+inline constexpr const Node* kAll[] = {&kWeldSetting,    &kWeldIo,         &kWeldCurve,
+                                       &kVirtualWelding, &kRedLightStatus, &kMonitorData};
 
 } // namespace node
 
@@ -68,7 +73,8 @@ namespace command
 
 /// What a command carries.
 enum class Argument {
-    Node, ///< a configuration node, whole
+    Node,  ///< a configuration node, whole
+    Curve, ///< the members of one curve
     Boolean,
     True,  ///< never anything else
     False, ///< never anything else
@@ -81,6 +87,7 @@ enum class Answer {
     ReadCode, ///< number (its fraction is cut off), text or boolean, 0: done; no answer is refused
     AnyCode,  ///< the same, but no answer counts as 0
     Done,     ///< boolean, true: done; anything else, also no answer: refused
+    Line,     ///< a straight line; no answer is the line 0
     Ignored
 };
 
@@ -102,6 +109,20 @@ inline constexpr Command kSetWeldEnable = {"set_weld_enable", Argument::Word, An
                                            "main switch of \"Weld Setup\"; the answer to \"FALSE\" is ignored"};
 inline constexpr Command kSetWeldIo = {"set_weld_io_config", Argument::Node, Answer::ReadCode, "WeldioPage",
                                        "\"Save\" on \"Weld I/O\""};
+inline constexpr Command kComputeCurve = {"compute_curve_config", Argument::Curve, Answer::Line,
+                                          "CharacteristicsCurvePage",
+                                          "\"Compute\" and \"Save\" on \"Char. Curve\"; \"Cancel\" and every show "
+                                          "of the page, for curves whose line was asked for before"};
+inline constexpr Command kSetPowerCurve = {"set_weld_curve_power_config", Argument::Curve, Answer::Code,
+                                           "CharacteristicsCurvePage", "\"Save\" on \"Char. Curve\", laser power"};
+inline constexpr Command kSetFeedCurve = {"set_weld_curve_feed_config", Argument::Curve, Answer::Code,
+                                          "CharacteristicsCurvePage", "\"Save\" on \"Char. Curve\", feeding speed"};
+inline constexpr Command kSetFrequencyCurve = {"set_weld_curve_frequency_config", Argument::Curve, Answer::Code,
+                                               "CharacteristicsCurvePage",
+                                               "\"Save\" on \"Char. Curve\", PWM frequency"};
+inline constexpr Command kSetDutyCycleCurve = {"set_weld_curve_dutycycle_config", Argument::Curve, Answer::Code,
+                                               "CharacteristicsCurvePage",
+                                               "\"Save\" on \"Char. Curve\", PWM duty cycle"};
 inline constexpr Command kSetVirtualWelding = {"set_virtual_welding", Argument::Boolean, Answer::AnyCode,
                                                "pendix::Corvane", "\"Work mode\" pressed; the opposite of what is"};
 inline constexpr Command kFeedWire = {"set_weld_feed_wire", Argument::Boolean, Answer::Code, "pendix::Corvane",
@@ -116,9 +137,10 @@ inline constexpr Command kMonitor = {
     "start_laserweld_monitor", Argument::False, Answer::Ignored, "ButtonMonitorPage",
     "the monitor is closed, or destroyed without; true, which starts the stream, is for who opens it"};
 
-inline constexpr const Command* kAll[] = {&kSetWeldSetting,    &kSetWeldIo,   &kSetWeldEnable,
-                                          &kSetVirtualWelding, &kFeedWire,    &kRetractWire,
-                                          &kManualGas,         &kSetRedLight, &kMonitor};
+inline constexpr const Command* kAll[] = {&kSetWeldSetting,    &kSetWeldIo,    &kSetWeldEnable,     &kComputeCurve,
+                                          &kSetPowerCurve,     &kSetFeedCurve, &kSetFrequencyCurve, &kSetDutyCycleCurve,
+                                          &kSetVirtualWelding, &kFeedWire,     &kRetractWire,       &kManualGas,
+                                          &kSetRedLight,       &kMonitor};
 
 } // namespace command
 

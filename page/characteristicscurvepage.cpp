@@ -1,15 +1,279 @@
 #include "page/characteristicscurvepage.h"
 
+#include "common/names.h"
+#include "page/curves/curvetable.h"
+#include "page/weldsettingpage.h"
+#include "widgets/customchart.h"
+#include "widgets/listcombobox.h"
+#include "widgets/pagestyle.h"
 #include "widgets/uiscale.h"
 
-CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage, QWidget* parent) : QWidget(parent)
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <iterator>
+
+namespace
 {
-    Q_UNUSED(settingPage)
+
+constexpr int kFontPoints = 10;
+constexpr int kLeastComboHeight = 26; ///< in pixels: what a finger still hits
+
+/// Tables and charts have a frame of their own, and square corners.
+constexpr char kPaneSheet[] = "QTabWidget::pane{border:none;border-radius:0px;}";
+
+constexpr char kTextSheet[] = R"(QLabel{font:400 10pt "Microsoft YaHei UI";color:#202020;})"
+                              R"(QSpinBox,QDoubleSpinBox{border:none;})";
+
+enum Tab { Power, Feed, Frequency, DutyCycle };
+
+} // namespace
+
+CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage, QWidget* parent)
+    : QWidget(parent), m_tabWidget(new QTabWidget(this)), m_settingPage(settingPage)
+{
     setObjectName(QStringLiteral("CharacteristicsCurvePage"));
-    initStyle();
+    m_tabWidget->setObjectName(QStringLiteral("tabWidget"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(9, 6, 9, 6);
+    layout->addWidget(m_tabWidget);
+    UiScale::applyExpandingPage(this);
+    initTabWidget();
+    initConnect();
+}
+
+void CharacteristicsCurvePage::initTabWidget()
+{
+    if (m_tabs.empty()) {
+        for (const CurveSpec& curve : kCurveSpecs) {
+            m_tabs.push_back(addCurveTab(m_tabWidget, curve));
+        }
+        m_tabWidget->setCurrentIndex(0);
+    }
+    for (const CurveTab& tab : m_tabs) {
+        populateTable(tab.table, kFewestNodes, {});
+    }
+}
+
+void CharacteristicsCurvePage::initConnect()
+{
+    for (const CurveTab& tab : m_tabs) {
+        // Loading leaves it to this signal, too, to give the table its rows.
+        connect(tab.nodeCount, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+                [this, tab](int index) { populateTable(tab.table, index + kFewestNodes, {}); });
+        connect(tab.computeButton, &QPushButton::clicked, this, [this, tab] { compute(tab); });
+        connect(tab.saveButton, &QPushButton::clicked, this, [this, tab] { save(tab); });
+        connect(tab.cancelButton, &QPushButton::clicked, this, [this, tab] { cancel(tab); });
+    }
+}
+
+void CharacteristicsCurvePage::loadWeldCurveConfigFromJson(const QJsonValue& config)
+{
+    if (!config.isObject()) {
+        return;
+    }
+    const QJsonObject node = config.toObject();
+    for (const CurveTab& tab : m_tabs) {
+        load(tab, storedCurve(*tab.curve, node));
+    }
+}
+
+void CharacteristicsCurvePage::load(const CurveTab& tab, const StoredCurve& stored)
+{
+    const int count = stored.count.value_or(0);
+    if (count >= kFewestNodes && count <= kMostNodes) {
+        tab.nodeCount->setCurrentIndex(count - kFewestNodes);
+    }
+    if (stored.nodes) {
+        populateTable(tab.table, qBound(0, count, kMostNodes), *stored.nodes);
+    }
+}
+
+QList<QPointF> CharacteristicsCurvePage::convertJsonArrayToPoints(const QJsonArray& array)
+{
+    return nodesOf(array);
+}
+
+bool CharacteristicsCurvePage::isWeldingOn() const
+{
+    return !m_settingPage.isNull() && m_settingPage->getMainBtnStatus();
+}
+
+/// The curve of a table; the first one for a table of somebody else's.
+const CurveSpec& CharacteristicsCurvePage::curveOf(const QTableWidget* table) const
+{
+    for (const CurveTab& tab : m_tabs) {
+        if (tab.table == table) {
+            return *tab.curve;
+        }
+    }
+    return kCurveSpecs[0];
+}
+
+void CharacteristicsCurvePage::populateTable(QTableWidget* table, int nodeCount, const QList<QPointF>& points)
+{
+    curvetable::populate(table, curveOf(table).values, nodeCount, points);
+    if (isWeldingOn()) {
+        curvetable::setCellWidgetsEnabled(table, false);
+    }
+}
+
+void CharacteristicsCurvePage::addRowToTable(QTableWidget* table, int nodeNumber, double portValue,
+                                             double physicalValue)
+{
+    curvetable::addRow(table, curveOf(table).values, nodeNumber, portValue, physicalValue);
+}
+
+void CharacteristicsCurvePage::readTableToPoints(QTableWidget* table, QList<QPointF>& points)
+{
+    points = curvetable::nodes(table);
+}
+
+void CharacteristicsCurvePage::parseJsonRetArray(const QJsonArray& result, double& intercept, double& slope)
+{
+    if (const auto line = lineOf(result)) {
+        intercept = line->intercept;
+        slope = line->slope;
+    }
+}
+
+int CharacteristicsCurvePage::computeScale(int maximum)
+{
+    return tickStep(maximum);
+}
+
+void CharacteristicsCurvePage::ComputeDrawChart(QTableWidget* table, CustomChart* chart, const double& slope,
+                                                const double& intercept)
+{
+    draw(table, chart, curvetable::nodes(table), {slope, intercept});
+}
+
+void CharacteristicsCurvePage::draw(QTableWidget* table, CustomChart* chart, const QList<QPointF>& nodes,
+                                    const CurveLine& line)
+{
+    QString caption;
+    for (const CurveSpec& curve : kCurveSpecs) {
+        if (chart->objectName() == QLatin1String(curve.chart)) {
+            caption = QLatin1String(curve.chartCaption);
+        }
+    }
+    const CurveLimits limits = limitsOf(nodes);
+    chart->setRange(QString(), limits.x.step, limits.x.minimum, limits.x.maximum, QString(), limits.y.step,
+                    limits.y.minimum, limits.y.maximum);
+    chart->setPoints(nodes);
+    chart->setLine(line.slope, line.intercept);
+    chart->setTips(curvetable::portHeader(table), caption);
+    fitTickFont(chart);
+    chart->update();
+}
+
+QJsonObject CharacteristicsCurvePage::members(int tab)
+{
+    return curveMembers(kCurveSpecs[tab], curvetable::nodes(m_tabs.at(static_cast<std::size_t>(tab)).table));
+}
+
+QJsonObject CharacteristicsCurvePage::computeCommand(int tab)
+{
+    return {{QLatin1String(names::command::kComputeCurve), members(tab)}};
+}
+
+QJsonObject CharacteristicsCurvePage::saveCommand(int tab)
+{
+    return {{QLatin1String(*kCurveSpecs[tab].save), members(tab)}};
+}
+
+QJsonObject CharacteristicsCurvePage::saveWeldCurvePowerConfigToJson()
+{
+    return members(Power);
+}
+
+QJsonObject CharacteristicsCurvePage::saveWeldCurveFeedConfigToJson()
+{
+    return members(Feed);
+}
+
+QJsonObject CharacteristicsCurvePage::saveWeldCurveFrequencyConfigToJson()
+{
+    return members(Frequency);
+}
+
+QJsonObject CharacteristicsCurvePage::saveWeldCurveDutycycleConfigToJson()
+{
+    return members(DutyCycle);
+}
+
+QJsonObject CharacteristicsCurvePage::computePowerCurveToJson()
+{
+    return computeCommand(Power);
+}
+
+QJsonObject CharacteristicsCurvePage::computeFeedCurveToJson()
+{
+    return computeCommand(Feed);
+}
+
+QJsonObject CharacteristicsCurvePage::computeFrequencyCurveToJson()
+{
+    return computeCommand(Frequency);
+}
+
+QJsonObject CharacteristicsCurvePage::computeDutycycleCurveToJson()
+{
+    return computeCommand(DutyCycle);
+}
+
+QJsonObject CharacteristicsCurvePage::saveCurvePowerConfigToJson()
+{
+    return saveCommand(Power);
+}
+
+QJsonObject CharacteristicsCurvePage::saveCurveFeedConfigToJson()
+{
+    return saveCommand(Feed);
+}
+
+QJsonObject CharacteristicsCurvePage::saveCurveFrequencyConfigToJson()
+{
+    return saveCommand(Frequency);
+}
+
+QJsonObject CharacteristicsCurvePage::saveCurveDutycycleConfigToJson()
+{
+    return saveCommand(DutyCycle);
+}
+
+void CharacteristicsCurvePage::setCurveTableCellWidgetsEnabled(QTableWidget* table, bool enabled)
+{
+    curvetable::setCellWidgetsEnabled(table, enabled);
+}
+
+void CharacteristicsCurvePage::resetTableHeaderText(QTableWidget* table, const QString& text)
+{
+    curvetable::setPortHeader(table, text);
 }
 
 void CharacteristicsCurvePage::initStyle()
 {
     UiScale::applyExpandingPage(this);
+    if (m_style.sheetsAreDue(this)) {
+        const int comboHeight = qMax(UiScale::formRowHeight(this), kLeastComboHeight);
+        const QString sheet = detailTabStyleSheet() + QLatin1String(kPaneSheet) + QLatin1String(kTextSheet) +
+                              ioPageComboBoxStyleSheet(this, comboHeight);
+        setStyleSheetOnce(m_tabWidget, UiScale::scaleStylesheet(sheet, this));
+        UiScale::applyContentFonts(this, kFontPoints);
+        for (const CurveTab& tab : m_tabs) {
+            for (QPushButton* button : {tab.computeButton, tab.cancelButton, tab.saveButton}) {
+                setPageButtonStyle(button);
+            }
+        }
+    }
+    if (m_style.sizesAreDue(this)) {
+        for (const CurveTab& tab : m_tabs) {
+            tab.present();
+            fitTickFont(tab.chart);
+        }
+    }
 }

@@ -26,12 +26,6 @@ constexpr const char* kNotYetGenerated[] = {
     "set_weld_param_list_config",
     "weld_param_match",
     "set_weld_param_match_config",
-    "weld_curve_config",
-    "set_weld_curve_power_config",
-    "set_weld_curve_feed_config",
-    "set_weld_curve_frequency_config",
-    "set_weld_curve_dutycycle_config",
-    "compute_curve_config",
 };
 
 QByteArray read(const QString& path)

@@ -56,6 +56,8 @@ QString argumentWords(const Command& command)
     switch (command.argument) {
     case Argument::Node:
         return QStringLiteral("the node with all its members");
+    case Argument::Curve:
+        return QStringLiteral("the two members of one curve");
     case Argument::Boolean:
         return QStringLiteral("boolean");
     case Argument::True:
@@ -87,6 +89,10 @@ constexpr AnswerRow kAnswers[] = {
     {Answer::Done, "done",
      "Boolean. `true`: done; anything else, a number or no answer too: refused, and the operator is told. Only the "
      "first element counts."},
+    {Answer::Line, "line",
+     "Instead of `return` the numbers `slope` and `intercept`; what is missing, or no number, counts as 0. The last "
+     "element counts, whatever it answers; no answer is the line of slope 0, which is not drawn. The operator is told "
+     "nothing."},
     {Answer::Ignored, "ignored", "Nobody looks at it."},
 };
 

@@ -1,7 +1,9 @@
 #include "docs/generator/nodeforms.h"
 
+#include "docs/generator/curveform.h"
 #include "docs/generator/ioform.h"
 #include "page/buttonmonitorpage/buttonmonitorpage.h"
+#include "page/characteristicscurvepage.h"
 #include "page/weldiopage.h"
 #include "page/weldsettingfields.h"
 #include "page/weldsettingpage.h"
@@ -170,8 +172,10 @@ QVector<NodeForm> nodeForms()
 {
     const WeldSettingPage setting(nullptr);
     const WeldioPage io(nullptr, nullptr);
+    const CharacteristicsCurvePage curves(nullptr, nullptr);
     return {flatNode(names::node::kWeldSetting, names::command::kSetWeldSetting, membersOf(setting, kSettingFields)),
-            flatNode(names::node::kWeldIo, names::command::kSetWeldIo, ioMembers(io))};
+            flatNode(names::node::kWeldIo, names::command::kSetWeldIo, ioMembers(io)),
+            curveNode(curves)};
 }
 
 QVector<MonitorValue> monitorValues()

@@ -53,6 +53,7 @@ QJsonObject argumentSchema(const Command& command, const QVector<NodeForm>& form
 {
     switch (command.argument) {
     case Argument::Node:
+    case Argument::Curve:
         return saveSchema(command, forms);
     case Argument::Boolean:
     case Argument::False: // true is for others to send
@@ -92,19 +93,29 @@ QJsonObject returnSchema(Answer answer)
                  QJsonArray{number, QJsonObject{{"type", "string"}, {"pattern", "^-?[0-9]+$"}}, typed("boolean")}}};
     case Answer::Done:
         return typed("boolean");
+    case Answer::Line:
     case Answer::Ignored:
         return {};
     }
     return {};
 }
 
+QJsonObject answerSchema(Answer answer)
+{
+    if (answer == Answer::Line) {
+        return {{"type", "object"},
+                {"properties", QJsonObject{{"slope", typed("number")}, {"intercept", typed("number")}}},
+                {"required", QJsonArray{"intercept", "slope"}}};
+    }
+    return {{"type", "object"},
+            {"properties", QJsonObject{{"return", returnSchema(answer)}}},
+            {"required", QJsonArray{"return"}}};
+}
+
 QJsonObject resultSchema(QJsonObject answers)
 {
     for (const Command* command : names::command::kAll) {
-        answers.insert(command->name,
-                       QJsonObject{{"type", "object"},
-                                   {"properties", QJsonObject{{"return", returnSchema(command->answer)}}},
-                                   {"required", QJsonArray{"return"}}});
+        answers.insert(command->name, answerSchema(command->answer));
     }
     const QJsonObject own{{"type", "object"}, {"properties", answers}};
     return {{"type", "array"},

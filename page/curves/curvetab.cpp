@@ -1,0 +1,187 @@
+#include "page/curves/curvetab.h"
+
+#include "page/curves/curvetable.h"
+#include "widgets/customchart.h"
+#include "widgets/listcombobox.h"
+#include "widgets/pagestyle.h"
+#include "widgets/uiscale.h"
+#include "widgets/wholescrollbar.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+
+#include <algorithm>
+
+namespace
+{
+
+enum Column { Number, PortValue, PhysicalValue };
+
+constexpr int kFontPoints = 10;
+constexpr int kTickFontPoints = 9;
+constexpr QSize kLeastChart(380, 259);
+constexpr int kMargin = 8;          ///< between the parts of a tab, in pixels
+constexpr int kTitleMargin = 14;    ///< above and below a column's title together, in pixels
+constexpr int kPortCharacters = 14; ///< of a port's name, as in "AO_LaserPower"
+constexpr int kTitleSides = 16;     ///< left and right of a column's title together, in pixels
+
+class FittedChart : public CustomChart
+{
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        CustomChart::resizeEvent(event);
+        fitTickFont(this);
+    }
+};
+
+QString text(const char* source)
+{
+    return QCoreApplication::translate(kCurveContext, source);
+}
+
+QTableWidget* newTable(const CurveSpec& curve)
+{
+    auto* table = new QTableWidget(0, PhysicalValue + 1);
+    table->setObjectName(QLatin1String(curve.table));
+    table->setHorizontalHeaderLabels({QCoreApplication::translate("CharacteristicsCurvePage", "Node"),
+                                      QCoreApplication::translate("CharacteristicsCurvePage", "GO/AO/Reg"),
+                                      text(curve.valueHeader)});
+    table->setFrameShape(QFrame::NoFrame);
+    table->setSelectionMode(QAbstractItemView::NoSelection);
+    table->setFocusPolicy(Qt::NoFocus);
+    table->setTabKeyNavigation(false);
+    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setVerticalScrollBar(new WholeScrollBar);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    QHeaderView* header = table->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setSectionResizeMode(Number, QHeaderView::Fixed);
+    header->setSectionsClickable(false);
+    header->setHighlightSections(false);
+    return table;
+}
+
+QPushButton* newButton(const char* name, const QString& text)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(QLatin1String(name));
+    button->setMinimumWidth(110);
+    return button;
+}
+
+ListComboBox* newNodeCount(const CurveSpec& curve)
+{
+    auto* combo = new ListComboBox;
+    combo->setObjectName(QLatin1String(curve.nodeCount));
+    combo->setMinimumContentsLength(4);
+    for (int count = kFewestNodes; count <= kMostNodes; ++count) {
+        combo->addItem(QString::number(count));
+    }
+    UiScale::configureComboBoxPopup(combo, kMostNodes);
+    return combo;
+}
+
+void layOut(const CurveTab& tab)
+{
+    auto* counts = new QHBoxLayout;
+    counts->setSpacing(kMargin);
+    counts->addWidget(new QLabel(QCoreApplication::translate("CharacteristicsCurvePage", "Node Number:")));
+    counts->addWidget(tab.nodeCount);
+    counts->addStretch();
+    auto* curve = new QHBoxLayout;
+    curve->setSpacing(kMargin);
+    curve->addWidget(tab.table);
+    curve->addWidget(tab.chart, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(kMargin);
+    buttons->addStretch();
+    for (QPushButton* button : {tab.computeButton, tab.cancelButton, tab.saveButton}) {
+        buttons->addWidget(button);
+    }
+    auto* all = new QVBoxLayout(tab.page);
+    all->setContentsMargins(0, kMargin, 0, 0);
+    all->setSpacing(kMargin);
+    all->addLayout(counts);
+    all->addLayout(curve, 1);
+    all->addLayout(buttons);
+}
+
+} // namespace
+
+CurveTab addCurveTab(QTabWidget* tabs, const CurveSpec& curve)
+{
+    CurveTab tab;
+    tab.curve = &curve;
+    tab.page = new QWidget;
+    tab.nodeCount = newNodeCount(curve);
+    tab.table = newTable(curve);
+    tab.chart = new FittedChart;
+    tab.chart->setObjectName(QLatin1String(curve.chart));
+    tab.chart->setMinimumSize(kLeastChart);
+    tab.chart->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    tab.computeButton =
+        newButton(curve.computeButton, QCoreApplication::translate("CharacteristicsCurvePage", "Compute"));
+    tab.cancelButton = newButton(curve.cancelButton, QCoreApplication::translate("CharacteristicsCurvePage", "Cancel"));
+    tab.saveButton = newButton(curve.saveButton, QCoreApplication::translate("CharacteristicsCurvePage", "Save"));
+    layOut(tab);
+    tabs->addTab(tab.page, text(curve.title));
+    return tab;
+}
+
+void CurveTab::show(bool isInUse, bool isEditable) const
+{
+    if (!isInUse) {
+        page->setEnabled(false);
+        return;
+    }
+    QWidget* const shown[] = {page, chart, table};
+    for (QWidget* widget : shown) {
+        widget->setEnabled(true);
+    }
+    table->setEditTriggers(isEditable ? QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+                                            QAbstractItemView::EditKeyPressed
+                                      : QAbstractItemView::NoEditTriggers);
+    curvetable::setCellWidgetsEnabled(table, isEditable);
+    QWidget* const used[] = {nodeCount, computeButton, cancelButton, saveButton};
+    for (QWidget* widget : used) {
+        widget->setEnabled(isEditable);
+    }
+}
+
+void CurveTab::present() const
+{
+    const QFont font = UiScale::contentFont(table, kFontPoints);
+    if (table->font() != font) {
+        table->setFont(font); // new cells take theirs from it
+    }
+    QHeaderView* header = table->horizontalHeader();
+    if (header->font() != font) {
+        header->setFont(font);
+    }
+    header->setFixedHeight(UiScale::lineHeight(font) + kTitleMargin);
+    const int rowHeight = UiScale::tableRowHeight(table);
+    table->verticalHeader()->setMinimumSectionSize(rowHeight);
+    table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    const int numberWidth = header->sectionSizeHint(Number);
+    const int portWidth = QFontMetrics(font).averageCharWidth() * kPortCharacters + kTitleSides;
+    const int valueWidth = std::max(header->sectionSizeHint(PhysicalValue), portWidth);
+    table->setColumnWidth(Number, numberWidth);
+    table->setFixedWidth(numberWidth + 2 * valueWidth + 2 * table->frameWidth() +
+                         table->verticalScrollBar()->sizeHint().width());
+}
+
+void fitTickFont(CustomChart* chart)
+{
+    const QFont font = chart->fittedFont(UiScale::contentFont(chart, kTickFontPoints));
+    if (chart->font() != font) {
+        chart->setFont(font);
+    }
+}

@@ -1,0 +1,37 @@
+#ifndef PAGE_CURVES_CURVETAB_H
+#define PAGE_CURVES_CURVETAB_H
+
+#include "page/curves/curvespecs.h"
+
+class CustomChart;
+class ListComboBox;
+class QPushButton;
+class QTableWidget;
+class QTabWidget;
+class QWidget;
+
+/// One tab of the page: a curve and the widgets that show it, which belong to the tab.
+struct CurveTab {
+    const CurveSpec* curve = nullptr;
+    QWidget* page = nullptr;
+    ListComboBox* nodeCount = nullptr; ///< entry 0 is kFewestNodes
+    QTableWidget* table = nullptr;
+    CustomChart* chart = nullptr;
+    QPushButton* computeButton = nullptr;
+    QPushButton* cancelButton = nullptr;
+    QPushButton* saveButton = nullptr;
+
+    /// Enables what can be seen and edited; a curve whose output is not in use is closed as a whole.
+    void show(bool isInUse, bool isEditable) const;
+
+    /// Fonts, row heights and column widths for the screen and the zoom as they are now.
+    void present() const;
+};
+
+/// Gives a chart the font in which its tick labels have room. The charts of the tabs do that whenever they are resized.
+void fitTickFont(CustomChart* chart);
+
+/// Builds a curve's tab, without nodes, at the end of a tab widget.
+CurveTab addCurveTab(QTabWidget* tabs, const CurveSpec& curve);
+
+#endif
