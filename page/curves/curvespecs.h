@@ -25,7 +25,8 @@ struct CurveSpec {
     const char* enabledKey; ///< members of the I/O mapping: whether the curve's output is in use, and its port
     const char* portKey;
 
-    const char* nodeCount; ///< object names
+    const char* page; ///< object names
+    const char* nodeCount;
     const char* table;
     const char* chart;
     const char* computeButton;
@@ -54,6 +55,7 @@ inline constexpr CurveSpec kCurveSpecs[] = {
      &names::command::kSetPowerCurve,
      "power_enabled",
      "power_port",
+     "tab_power",
      "comboBox_node",
      "tableWidget_laserpower",
      "Chart_laserpower",
@@ -69,6 +71,7 @@ inline constexpr CurveSpec kCurveSpecs[] = {
      &names::command::kSetFeedCurve,
      "wire_speed_enabled",
      "wire_speed_port",
+     "tab_feed",
      "comboBox_node_2",
      "tableWidget_feedspeed",
      "Chart_feedspeed",
@@ -84,6 +87,7 @@ inline constexpr CurveSpec kCurveSpecs[] = {
      &names::command::kSetFrequencyCurve,
      "frequency_enabled",
      "frequency_port",
+     "tab_frequency",
      "comboBox_node_3",
      "tableWidget_frequency",
      "Chart_frequency",
@@ -99,6 +103,7 @@ inline constexpr CurveSpec kCurveSpecs[] = {
      &names::command::kSetDutyCycleCurve,
      "duty_cycle_enabled",
      "duty_cycle_port",
+     "tab_dutycycle",
      "comboBox_node_4",
      "tableWidget_dutycycle",
      "Chart_dutycycle",

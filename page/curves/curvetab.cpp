@@ -121,6 +121,7 @@ CurveTab addCurveTab(QTabWidget* tabs, const CurveSpec& curve)
     CurveTab tab;
     tab.curve = &curve;
     tab.page = new QWidget;
+    tab.page->setObjectName(QLatin1String(curve.page));
     tab.nodeCount = newNodeCount(curve);
     tab.table = newTable(curve);
     tab.chart = new FittedChart;
