@@ -124,7 +124,7 @@ private:
     std::optional<QList<QPointF>> validNodes(QTableWidget* table);
     bool computeAndDraw(const CurveTab& tab, const QList<QPointF>& nodes);
     bool computeTable(const CurveTab& tab);
-    void computeNow(int tab);
+    void computeNow(const CurveTab& tab);
     void compute(const CurveTab& tab);
     void save(const CurveTab& tab);
     Fields saveNow(const CurveTab& tab, const Business::Turn& turn);

@@ -199,12 +199,32 @@ bool CharacteristicsCurvePage::computeTable(const CurveTab& tab)
     return nodes && computeAndDraw(tab, *nodes);
 }
 
-void CharacteristicsCurvePage::computeNow(int tab)
+void CharacteristicsCurvePage::computeNow(const CurveTab& tab)
 {
-    conduct([this, tab](const Business::Turn& /*turn*/) {
-        computeTable(m_tabs[static_cast<std::size_t>(tab)]);
+    conduct([this, &tab](const Business::Turn& /*turn*/) {
+        computeTable(tab);
         return Fields::Reread;
     });
+}
+
+void CharacteristicsCurvePage::computeDrawPowerChart()
+{
+    computeNow(m_tabs[0]);
+}
+
+void CharacteristicsCurvePage::computeDrawFeedspeedChart()
+{
+    computeNow(m_tabs[1]);
+}
+
+void CharacteristicsCurvePage::computeDrawFrequencyChart()
+{
+    computeNow(m_tabs[2]);
+}
+
+void CharacteristicsCurvePage::computeDrawDutycycleChart()
+{
+    computeNow(m_tabs[3]);
 }
 
 void CharacteristicsCurvePage::compute(const CurveTab& tab)

@@ -226,7 +226,7 @@ bool CustomChart::labelsFit(const ChartGeometry& geometry, const QFont& font) co
 QFont CustomChart::fittedFont(QFont wanted) const
 {
     const ChartGeometry geometry(size(), m_x, m_y);
-    while (wanted.pointSize() > kLeastFontPoints && !labelsFit(geometry, wanted)) {
+    while (geometry.hasScale() && wanted.pointSize() > kLeastFontPoints && !labelsFit(geometry, wanted)) {
         wanted.setPointSize(wanted.pointSize() - 1);
     }
     return wanted;
