@@ -27,10 +27,11 @@ constexpr int kLabelGap = 3; ///< least distance of labels that can be told apar
 
 constexpr int kPointRadius = 3;
 constexpr int kFramePen = 2;
-constexpr int kLeastFontPoints = 6;
+constexpr int kLeastFontPixels = 8; ///< down to which digits can be told apart
 
 constexpr int kFewestPolylinePoints = 2;
 constexpr int kMostPolylinePoints = 10;
+constexpr double kPointsPerInch = 72;
 constexpr double kMetresPerInch = 0.0254;
 
 QFont captionFont()
@@ -198,7 +199,7 @@ void CustomChart::paintData(QPainter* painter, const ChartGeometry& geometry) co
     }
 }
 
-bool CustomChart::labelsFit(const ChartGeometry& geometry, const QFont& font) const
+bool CustomChart::labelsFit(const ChartGeometry& geometry, const QFont& font, bool besideCaption) const
 {
     const QFontMetrics metrics(font, this);
     int free = kYLabelLeft; // where the next x label may begin, from the left edge
@@ -209,7 +210,7 @@ bool CustomChart::labelsFit(const ChartGeometry& geometry, const QFont& font) co
         }
         free = begin + metrics.horizontalAdvance(QString::number(tick.value) + m_xUnit) + kLabelGap;
     }
-    if (free > geometry.right() - kXCaptionLead) {
+    if (besideCaption && free > geometry.right() - kXCaptionLead) {
         return false;
     }
     const QVector<ChartGeometry::Tick> yTicks = geometry.yTicks();
@@ -223,11 +224,18 @@ bool CustomChart::labelsFit(const ChartGeometry& geometry, const QFont& font) co
     return true;
 }
 
-QFont CustomChart::fittedFont(QFont wanted) const
+QFont CustomChart::fittedFont(const QFont& wanted) const
 {
     const ChartGeometry geometry(size(), m_x, m_y);
-    while (geometry.hasScale() && wanted.pointSize() > kLeastFontPoints && !labelsFit(geometry, wanted)) {
-        wanted.setPointSize(wanted.pointSize() - 1);
+    const int leastPoints = qRound(kLeastFontPixels * kPointsPerInch / logicalDpiY());
+    QFont fitted = wanted;
+    for (const bool besideCaption : {true, false}) {
+        for (int points = wanted.pointSize(); geometry.hasScale() && points >= leastPoints; --points) {
+            fitted.setPointSize(points);
+            if (labelsFit(geometry, fitted, besideCaption)) {
+                return fitted;
+            }
+        }
     }
-    return wanted;
+    return fitted;
 }

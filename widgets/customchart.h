@@ -37,9 +37,9 @@ public:
     /// 2 to 10 points, which are kept but not drawn; another number leaves the former ones, with a warning in the log.
     void setPolyline(const QList<QPointF>& points);
 
-    /// The font that is asked for, or the greatest smaller one with which the tick labels keep off each other, the
-    /// frame and the x caption; the least one, of 6 points, when none does.
-    QFont fittedFont(QFont wanted) const;
+    /// The font that is asked for, or the greatest smaller one, down to 8 pixels, with which the tick labels keep off
+    /// each other, the frame and, if any font can make them, the x caption. The least one when none does.
+    QFont fittedFont(const QFont& wanted) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -67,7 +67,7 @@ private:
     void paintAxes(QPainter* painter, const ChartGeometry& geometry) const;
     void paintData(QPainter* painter, const ChartGeometry& geometry) const;
     QPixmap madeFace(const Look& look, const ChartGeometry& geometry) const;
-    bool labelsFit(const ChartGeometry& geometry, const QFont& font) const;
+    bool labelsFit(const ChartGeometry& geometry, const QFont& font, bool besideCaption) const;
 
     ChartAxis m_x;
     ChartAxis m_y;

@@ -160,9 +160,6 @@ void CurveTab::show(bool isInUse, bool isEditable) const
 void CurveTab::present() const
 {
     const QFont font = UiScale::contentFont(table, kFontPoints);
-    if (table->font() != font) {
-        table->setFont(font); // new cells take theirs from it
-    }
     QHeaderView* header = table->horizontalHeader();
     if (header->font() != font) {
         header->setFont(font);

@@ -28,7 +28,6 @@ template <typename Box>
 Box* newCell(QTableWidget* table, int row, Column column)
 {
     auto* box = new CellBox<Box>;
-    box->setFont(table->font());
     box->setButtonSymbols(QAbstractSpinBox::NoButtons);
     box->setAlignment(Qt::AlignCenter);
     table->setCellWidget(row, column, box);
