@@ -12,6 +12,7 @@ program $tour/23-lsmovec.png
 wiring-held $tour/37-wiring-held.png
 weld-setup $shots/weld-setting-page_en_96dpi_z1.png
 weld-io $shots/weldio-page-tab-output_en_96dpi_z1.png
+char-curve $shots/characteristics-curve-page-tab-power_en_96dpi_z1.png
 weld-setup-zh $shots/weld-setting-page_zh_144dpi_z1.png
 lsmovecf-zh $shots/ls-move-cf-change_zh_144dpi_z1.png
 laser-tracking $shots/laser-tracking-page_en_96dpi_z1.png
