@@ -38,6 +38,13 @@ QFont captionFont()
     return {QStringLiteral("Arial"), 10};
 }
 
+/// The scale of a device, if it is a whole number and all that there is to it; else 0: a picture would be blurred.
+int wholeScale(const QTransform& device)
+{
+    const int scale = qRound(device.m11());
+    return device.type() <= QTransform::TxScale && device.m11() == scale && device.m22() == scale ? qMax(scale, 0) : 0;
+}
+
 } // namespace
 
 CustomChart::CustomChart(QWidget* parent) : QWidget(parent)
@@ -99,7 +106,7 @@ bool CustomChart::Look::operator==(const Look& other) const
     return parts(*this) == parts(other);
 }
 
-CustomChart::Look CustomChart::look(qreal scale) const
+CustomChart::Look CustomChart::look(int scale) const
 {
     QColor background = palette().color(backgroundRole());
     background.setAlpha(255); // who paints an opaque widget leaves nothing of what was there before
@@ -110,19 +117,18 @@ void CustomChart::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const ChartGeometry geometry(size(), m_x, m_y);
-    const QTransform device = painter.deviceTransform();
-    const Look wanted = look(device.m11());
-    const bool isWholeScale = device.type() <= QTransform::TxScale && device.m11() == device.m22() &&
-                              wanted.scale >= 1 && wanted.scale == qRound(wanted.scale);
-    if (isWholeScale) {
-        if (!(wanted == m_faceLook)) {
-            m_face = madeFace(wanted, geometry);
-            m_faceLook = wanted;
-        }
-        painter.drawPixmap(0, 0, m_face);
-    } else { // a picture would be blurred
+    const Look wanted = look(wholeScale(painter.deviceTransform()));
+    if (!(wanted == m_faceLook)) {
+        m_faceLook = wanted;
+        m_face = {};
+    } else if (m_face.isNull() && wanted.scale > 0) {
+        m_face = madeFace(wanted, geometry); // not before it is of use: a chart that is being resized never needs it
+    }
+    if (m_face.isNull()) {
         painter.fillRect(rect(), wanted.background);
         paintFace(&painter, geometry);
+    } else {
+        painter.drawPixmap(0, 0, m_face);
     }
     paintData(&painter, geometry);
 }

@@ -48,7 +48,7 @@ private:
     /// Everything that the part of the picture without nodes and line depends on.
     struct Look {
         QSize size;
-        qreal scale = 0; ///< of the device: its pixels for one of ours
+        int scale = 0; ///< of the device: its pixels for one of ours; 0 when they are no whole number
         int dpi = 0;
         QFont font;
         QColor background;
@@ -62,7 +62,7 @@ private:
         bool operator==(const Look& other) const;
     };
 
-    Look look(qreal scale) const;
+    Look look(int scale) const;
     void paintFace(QPainter* painter, const ChartGeometry& geometry) const;
     void paintAxes(QPainter* painter, const ChartGeometry& geometry) const;
     void paintData(QPainter* painter, const ChartGeometry& geometry) const;
@@ -80,8 +80,8 @@ private:
     double m_slope = 0;
     double m_intercept = 0;
     bool m_hasLine = false;
-    Look m_faceLook; ///< for which m_face was made
-    QPixmap m_face;  ///< the picture without nodes and line; opaque
+    Look m_faceLook; ///< of the last paint
+    QPixmap m_face;  ///< the picture of that without nodes and line, opaque; null until it looks the same once more
 };
 
 #endif
