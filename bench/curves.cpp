@@ -108,6 +108,9 @@ void checkCharts(const ShownCurve& curve, const ShownCurve& other)
     insist(pictureOf(newOurChart, other, curve) == pictureOf(newPlainChart, other, curve) &&
                pictureOf(newOurChart, curve, other) == pictureOf(newPlainChart, curve, other),
            "the plain chart shows the same picture as ours");
+    Window window;
+    const Chart ours = window.add(newOurChart, curve);
+    insist(onScreen(*ours.widget) == pictureOf(newPlainChart, other, curve), "our chart's first picture is the same");
 }
 
 Contestant repainted(const QString& name, ChartMaker make)

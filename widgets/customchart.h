@@ -8,6 +8,7 @@
 #include <QList>
 #include <QPixmap>
 #include <QPointF>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -66,7 +67,8 @@ private:
     void paintFace(QPainter* painter, const ChartGeometry& geometry) const;
     void paintAxes(QPainter* painter, const ChartGeometry& geometry) const;
     void paintData(QPainter* painter, const ChartGeometry& geometry) const;
-    QPixmap madeFace(const Look& look, const ChartGeometry& geometry) const;
+    void makeFace(const ChartGeometry& geometry);
+    void showFace(QPainter* painter) const;
     bool labelsFit(const ChartGeometry& geometry, const QFont& font) const;
 
     ChartAxis m_x;
@@ -82,6 +84,7 @@ private:
     bool m_hasLine = false;
     Look m_faceLook; ///< of the last paint
     QPixmap m_face;  ///< the picture of that without nodes and line, opaque; null until it looks the same once more
+    QRect m_blank;   ///< the part of m_face that shows nothing but the background, in our pixels
 };
 
 #endif
