@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <stdexcept>
 #include <vector>
 
 namespace
@@ -34,6 +35,13 @@ double cpuMs(const std::function<void()>& work)
     return cpuNow() - begin;
 }
 
+void insist(bool holds, const char* expected)
+{
+    if (!holds) {
+        throw std::logic_error(expected);
+    }
+}
+
 Contestant repeated(const QString& name, const std::function<void()>& work)
 {
     return {name, [work] {
@@ -51,7 +59,7 @@ Contestant repeated(const QString& name, const std::function<void()>& work)
             }};
 }
 
-void BenchTable::row(const Contestant& ours, const Contestant& beside, double limit)
+void BenchTable::row(const Contestant& ours, const Contestant& beside, std::optional<double> limit)
 {
     if (!m_filter.isEmpty() && !(ours.name + beside.name).contains(m_filter, Qt::CaseInsensitive)) {
         return;
@@ -74,9 +82,11 @@ void BenchTable::row(const Contestant& ours, const Contestant& beside, double li
         }
     }
     const double ratio = median(our) / median(other);
-    const bool held = ratio <= limit;
-    std::printf("%-52s %10.4f  %-46s %10.4f %7.3f %6.2f  %s\n", qPrintable(ours.name), median(our),
-                qPrintable(beside.name), median(other), ratio, limit, held ? "held" : "NOT HELD");
+    const bool held = !limit || ratio <= *limit;
+    const char* judgement = held ? "held" : "NOT HELD";
+    std::printf("%-52s %10.4f  %-46s %10.4f %7.3f %6s  %s\n", qPrintable(ours.name), median(our),
+                qPrintable(beside.name), median(other), ratio,
+                limit ? qPrintable(QString::number(*limit, 'f', 2)) : "-", limit ? judgement : "information");
     std::fflush(stdout);
     ++m_rows;
     m_missed += held ? 0 : 1;

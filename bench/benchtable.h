@@ -4,9 +4,13 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 /// CPU time of this thread in milliseconds while work runs: other processes of the machine don't count.
 double cpuMs(const std::function<void()>& work);
+
+/// Stops all benchmarks, with what was expected, unless it holds: what did something else is not worth measuring.
+void insist(bool holds, const char* expected);
 
 /// One way to do something. A sample prepares, does it once and returns the milliseconds that count.
 struct Contestant {
@@ -25,8 +29,9 @@ public:
     /// Only the rows whose text contains the filter are run.
     explicit BenchTable(QString filter) : m_filter(std::move(filter)) {}
 
-    /// Measures and prints one row. It holds when ours takes at most limit times as long as the other.
-    void row(const Contestant& ours, const Contestant& beside, double limit);
+    /// Measures and prints one row. It holds when ours takes at most limit times as long as the other; a row without a
+    /// limit is for information.
+    void row(const Contestant& ours, const Contestant& beside, std::optional<double> limit);
 
     /// Whether every row held; false also when there was none.
     bool allHeld() const { return m_rows > 0 && m_missed == 0; }
@@ -39,6 +44,7 @@ private:
 
 /// The rows, by what they measure.
 void addCatalogueRows(BenchTable& table);
+void addCurveRows(BenchTable& table);
 void addInstructionRows(BenchTable& table);
 void addLogRows(BenchTable& table);
 void addPageRows(BenchTable& table);

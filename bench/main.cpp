@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <stdexcept>
 
 int main(int count, char** words)
 {
@@ -19,11 +20,17 @@ int main(int count, char** words)
         return 1;
     }
     BenchTable table(QApplication::arguments().value(1));
-    addCatalogueRows(table);
-    addInstructionRows(table);
-    addLogRows(table);
-    addPageRows(table);
-    addWeldIoRows(table);
+    try {
+        addCatalogueRows(table);
+        addInstructionRows(table);
+        addLogRows(table);
+        addPageRows(table);
+        addWeldIoRows(table);
+        addCurveRows(table);
+    } catch (const std::logic_error& fault) {
+        std::printf("bench: not as it should be: %s\n", fault.what());
+        return 1;
+    }
     std::puts(table.allHeld() ? "bench: ok, all limits held" : "bench: a limit is not held, or nothing was run");
     return table.allHeld() ? 0 : 1;
 }

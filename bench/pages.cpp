@@ -134,6 +134,7 @@ std::unique_ptr<QWidget> plainForms()
     auto pages = std::make_unique<QStackedWidget>();
     pages->addWidget(plainForm().release());
     pages->addWidget(plainWeldIo().release());
+    pages->addWidget(plainCurves().release());
     return pages;
 }
 

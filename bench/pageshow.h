@@ -34,4 +34,7 @@ inline double shownAgainMs(QWidget& page)
 /// Weld I/O's widgets as the page builds them: no sheets, no lists.
 std::unique_ptr<QWidget> plainWeldIo();
 
+/// Char. Curve's widgets as the page builds them, without nodes from a controller: no sheets.
+std::unique_ptr<QWidget> plainCurves();
+
 #endif

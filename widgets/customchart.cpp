@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
+#include <QRegion>
 #include <QTransform>
 
 #include <tuple>
@@ -27,7 +28,8 @@ constexpr int kLabelGap = 3; ///< least distance of labels that can be told apar
 
 constexpr int kPointRadius = 3;
 constexpr int kFramePen = 2;
-constexpr int kLeastFontPixels = 8; ///< down to which digits can be told apart
+constexpr int kFrameReach = kTickLength + kFramePen; ///< of frame and ticks into the plot area
+constexpr int kLeastFontPixels = 8;                  ///< down to which digits can be told apart
 
 constexpr int kFewestPolylinePoints = 2;
 constexpr int kMostPolylinePoints = 10;
@@ -37,6 +39,20 @@ constexpr double kMetresPerInch = 0.0254;
 QFont captionFont()
 {
     return {QStringLiteral("Arial"), 10};
+}
+
+/// The scale of a device, if it is a whole number and all that there is to it; else 0: a picture would be blurred.
+int wholeScale(const QTransform& device)
+{
+    const int scale = qRound(device.m11());
+    return device.type() <= QTransform::TxScale && device.m11() == scale && device.m22() == scale ? qMax(scale, 0) : 0;
+}
+
+bool isFilledWith(const QColor& color, const QImage& image)
+{
+    QImage filled = image;
+    filled.fill(color);
+    return image == filled;
 }
 
 } // namespace
@@ -100,7 +116,7 @@ bool CustomChart::Look::operator==(const Look& other) const
     return parts(*this) == parts(other);
 }
 
-CustomChart::Look CustomChart::look(qreal scale) const
+CustomChart::Look CustomChart::look(int scale) const
 {
     QColor background = palette().color(backgroundRole());
     background.setAlpha(255); // who paints an opaque widget leaves nothing of what was there before
@@ -111,38 +127,50 @@ void CustomChart::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const ChartGeometry geometry(size(), m_x, m_y);
-    const QTransform device = painter.deviceTransform();
-    const Look wanted = look(device.m11());
-    const bool isWholeScale = device.type() <= QTransform::TxScale && device.m11() == device.m22() &&
-                              wanted.scale >= 1 && wanted.scale == qRound(wanted.scale);
-    if (isWholeScale) {
-        if (!(wanted == m_faceLook)) {
-            m_face = madeFace(wanted, geometry);
-            m_faceLook = wanted;
-        }
-        painter.drawPixmap(0, 0, m_face);
-    } else { // a picture would be blurred
+    const Look wanted = look(wholeScale(painter.deviceTransform()));
+    if (!(wanted == m_faceLook)) {
+        m_faceLook = wanted;
+        m_face = {};
+    } else if (m_face.isNull() && wanted.scale > 0) {
+        makeFace(geometry); // not before it is of use: a chart that is being resized never needs it
+    }
+    if (m_face.isNull()) {
         painter.fillRect(rect(), wanted.background);
         paintFace(&painter, geometry);
+    } else {
+        showFace(&painter);
     }
     paintData(&painter, geometry);
 }
 
-QPixmap CustomChart::madeFace(const Look& look, const ChartGeometry& geometry) const
+void CustomChart::makeFace(const ChartGeometry& geometry)
 {
-    QImage image(look.size * look.scale, QImage::Format_RGB32);
+    QImage image(m_faceLook.size * m_faceLook.scale, QImage::Format_RGB32);
     if (image.isNull()) {
-        return {};
+        return;
     }
     // The points of its fonts are the chart's: an image is taken for one of the primary screen.
-    image.setDotsPerMeterX(qRound(look.dpi / kMetresPerInch));
+    image.setDotsPerMeterX(qRound(m_faceLook.dpi / kMetresPerInch));
     image.setDotsPerMeterY(qRound(logicalDpiY() / kMetresPerInch));
-    image.setDevicePixelRatio(look.scale);
-    image.fill(look.background);
+    image.setDevicePixelRatio(m_faceLook.scale);
+    image.fill(m_faceLook.background);
     QPainter painter(&image);
     paintFace(&painter, geometry);
     painter.end();
-    return QPixmap::fromImage(std::move(image));
+    const QRect inside(QPoint(geometry.left() + kFrameReach, geometry.top() + kFrameReach),
+                       QPoint(geometry.right() - kFrameReach, geometry.bottom() - kFrameReach));
+    const QRect devicePixels(inside.topLeft() * m_faceLook.scale, inside.size() * m_faceLook.scale);
+    m_blank = inside.isValid() && isFilledWith(m_faceLook.background, image.copy(devicePixels)) ? inside : QRect();
+    m_face = QPixmap::fromImage(std::move(image));
+}
+
+void CustomChart::showFace(QPainter* painter) const
+{
+    painter->fillRect(m_blank, m_faceLook.background); // takes half as long as copying it
+    const QRegion copied = QRegion(rect()) - m_blank;
+    for (const QRect& part : copied) {
+        painter->drawPixmap(part, m_face, QRect(part.topLeft() * m_faceLook.scale, part.size() * m_faceLook.scale));
+    }
 }
 
 void CustomChart::paintFace(QPainter* painter, const ChartGeometry& geometry) const

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QPixmap>
 #include <QPointF>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -48,7 +49,7 @@ private:
     /// Everything that the part of the picture without nodes and line depends on.
     struct Look {
         QSize size;
-        qreal scale = 0; ///< of the device: its pixels for one of ours
+        int scale = 0; ///< of the device: its pixels for one of ours; 0 when they are no whole number
         int dpi = 0;
         QFont font;
         QColor background;
@@ -62,11 +63,12 @@ private:
         bool operator==(const Look& other) const;
     };
 
-    Look look(qreal scale) const;
+    Look look(int scale) const;
     void paintFace(QPainter* painter, const ChartGeometry& geometry) const;
     void paintAxes(QPainter* painter, const ChartGeometry& geometry) const;
     void paintData(QPainter* painter, const ChartGeometry& geometry) const;
-    QPixmap madeFace(const Look& look, const ChartGeometry& geometry) const;
+    void makeFace(const ChartGeometry& geometry);
+    void showFace(QPainter* painter) const;
     bool labelsFit(const ChartGeometry& geometry, const QFont& font, bool besideCaption) const;
 
     ChartAxis m_x;
@@ -80,8 +82,9 @@ private:
     double m_slope = 0;
     double m_intercept = 0;
     bool m_hasLine = false;
-    Look m_faceLook; ///< for which m_face was made
-    QPixmap m_face;  ///< the picture without nodes and line; opaque
+    Look m_faceLook; ///< of the last paint
+    QPixmap m_face;  ///< the picture of that without nodes and line, opaque; null until it looks the same once more
+    QRect m_blank;   ///< the part of m_face that shows nothing but the background, in our pixels
 };
 
 #endif
