@@ -37,8 +37,8 @@ inline constexpr Node kWeldSetting = {
 inline constexpr Node kWeldIo = {
     "weld_io_config", Content::Object,
     "\"Weld I/O\", whenever it is shown, on \"Cancel\" and after a save that was accepted. Missing or no object: the "
-    "tables keep what they show. \"Char. Curve\", whenever it is shown, and when a press is refused. Missing or no "
-    "object: all curves are closed"};
+    "tables keep what they show. \"Char. Curve\", whenever it is shown, and when a press is refused as welding is on. "
+    "Missing or no object: all curves are closed"};
 inline constexpr Node kWeldCurve = {
     "weld_curve_config", Content::Object,
     "\"Char. Curve\", whenever it is shown and on \"Cancel\". Missing or no object: the tables keep what they show"};
@@ -109,10 +109,10 @@ inline constexpr Command kSetWeldEnable = {"set_weld_enable", Argument::Word, An
                                            "main switch of \"Weld Setup\"; the answer to \"FALSE\" is ignored"};
 inline constexpr Command kSetWeldIo = {"set_weld_io_config", Argument::Node, Answer::ReadCode, "WeldioPage",
                                        "\"Save\" on \"Weld I/O\""};
-inline constexpr Command kComputeCurve = {"compute_curve_config", Argument::Curve, Answer::Line,
-                                          "CharacteristicsCurvePage",
-                                          "\"Compute\" and \"Save\" on \"Char. Curve\"; \"Cancel\" and every show "
-                                          "of the page, for curves whose line was asked for before"};
+inline constexpr Command kComputeCurve = {
+    "compute_curve_config", Argument::Curve, Answer::Line, "CharacteristicsCurvePage",
+    "\"Compute\" and \"Save\" on \"Char. Curve\"; \"Cancel\" of a curve whose line was asked for before, and every "
+    "show of the page for each of these"};
 inline constexpr Command kSetPowerCurve = {"set_weld_curve_power_config", Argument::Curve, Answer::Code,
                                            "CharacteristicsCurvePage", "\"Save\" on \"Char. Curve\", laser power"};
 inline constexpr Command kSetFeedCurve = {"set_weld_curve_feed_config", Argument::Curve, Answer::Code,

@@ -19,7 +19,6 @@
 namespace
 {
 
-constexpr int kFontPoints = 10;
 constexpr int kLeastComboHeight = 26; ///< in pixels: what a finger still hits
 
 /// Tables and charts have a frame of their own, and square corners.
@@ -51,14 +50,9 @@ CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage,
 
 void CharacteristicsCurvePage::initTabWidget()
 {
-    if (m_tabs.empty()) {
-        for (const CurveSpec& curve : kCurveSpecs) {
-            m_tabs.push_back(addCurveTab(m_tabWidget, curve));
-        }
-        m_tabWidget->setCurrentIndex(0);
-    }
-    for (const CurveTab& tab : m_tabs) {
-        populateTable(tab.table, kFewestNodes, {});
+    for (const CurveSpec& curve : kCurveSpecs) {
+        m_tabs.push_back(addCurveTab(m_tabWidget, curve));
+        populateTable(m_tabs.back().table, kFewestNodes, {});
     }
 }
 
@@ -267,7 +261,7 @@ void CharacteristicsCurvePage::initStyle()
         const QString sheet = detailTabStyleSheet() + QLatin1String(kPaneSheet) + QLatin1String(kTextSheet) +
                               ioPageComboBoxStyleSheet(this, comboHeight);
         setStyleSheetOnce(m_tabWidget, UiScale::scaleStylesheet(sheet, this));
-        UiScale::applyContentFonts(this, kFontPoints);
+        UiScale::applyContentFonts(this, kContentFontPoints);
         for (const CurveTab& tab : m_tabs) {
             for (QPushButton* button : {tab.computeButton, tab.cancelButton, tab.saveButton}) {
                 setPageButtonStyle(button);
@@ -275,8 +269,9 @@ void CharacteristicsCurvePage::initStyle()
         }
     }
     if (m_style.sizesAreDue(this)) {
+        const int rowHeight = UiScale::tableRowHeight(this);
         for (const CurveTab& tab : m_tabs) {
-            tab.present();
+            tab.present(rowHeight);
             fitTickFont(tab.chart);
         }
     }

@@ -102,9 +102,6 @@ public:
     /// Judges a save's result array and tells the operator; silence tells them nothing.
     void checkSaveResult(const QJsonArray& result, const QString& key);
 
-    void initTabWidget();
-    void initConnect();
-
     /// Sheets and fonts for the screen the page is on; nothing when they are in place already.
     void initStyle();
 
@@ -115,6 +112,9 @@ protected:
 
 private:
     using Fields = PageBusiness::Fields;
+
+    void initTabWidget();
+    void initConnect();
 
     template <typename Work>
     bool conduct(const Work& work);

@@ -134,14 +134,10 @@ void CharacteristicsCurvePage::applyAccess(PageAccess access)
 /// Whether the operator may compute and save now; shows them if not, without a word.
 bool CharacteristicsCurvePage::mayChange()
 {
-    // A page that the host has disabled stays so until it is shown again.
-    if (!isEnabled()) {
-        return false;
-    }
     const Business::Watch watch = m_business.watch();
     const PageAccess access = accessOf(m_settingPage);
     if (!watch.ownerLives() || !isEnabled()) {
-        return false;
+        return false; // a page that the host has disabled stays so until it is shown again
     }
     if (access != PageAccess::Editable) {
         applyAccess(access);

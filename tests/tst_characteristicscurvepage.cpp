@@ -3,8 +3,43 @@
 
 #include <QPushButton>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <limits>
+
+namespace
+{
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+using Page = CharacteristicsCurvePage;
+
+constexpr struct {
+    QJsonObject (Page::*members)();
+    QJsonObject (Page::*compute)();
+    QJsonObject (Page::*save)();
+    void (Page::*draw)();
+} kNamed[] = {
+    {&Page::saveWeldCurvePowerConfigToJson, &Page::computePowerCurveToJson, &Page::saveCurvePowerConfigToJson,
+     &Page::computeDrawPowerChart},
+    {&Page::saveWeldCurveFeedConfigToJson, &Page::computeFeedCurveToJson, &Page::saveCurveFeedConfigToJson,
+     &Page::computeDrawFeedspeedChart},
+    {&Page::saveWeldCurveFrequencyConfigToJson, &Page::computeFrequencyCurveToJson,
+     &Page::saveCurveFrequencyConfigToJson, &Page::computeDrawFrequencyChart},
+    {&Page::saveWeldCurveDutycycleConfigToJson, &Page::computeDutycycleCurveToJson,
+     &Page::saveCurveDutycycleConfigToJson, &Page::computeDrawDutycycleChart},
+};
+
+struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+} // namespace
 
 class TestCharacteristicsCurvePage : public QObject
 {
@@ -67,6 +102,13 @@ void TestCharacteristicsCurvePage::curves()
     QCOMPARE(shown.chart(kCurves[(index + 1) % 4])->hasLine(), false);
     shown.press(curve.cancel);
     QCOMPARE(shown.host.lastMessage(), QString("0|Cancel successful"));
+    // Named one by one.
+    QCOMPARE(words((shown.page.*kNamed[index].members)()), members);
+    QCOMPARE(words((shown.page.*kNamed[index].compute)().value(kCompute)), members);
+    QCOMPARE(words((shown.page.*kNamed[index].save)().value(curve.command)), members);
+    shown.host.forget();
+    (shown.page.*kNamed[index].draw)();
+    QCOMPARE(words(shown.host.commands[0].second), members);
     // Values beyond their ranges.
     shown.page.populateTable(shown.table(curve), 2, {{-1, -1e12}, {1e9, 1e12}});
     QCOMPARE(shown.nodes(curve), QStringLiteral("1:0.00/%1 2:65535.99/%2").arg(curve.least).arg(curve.greatest));
@@ -87,6 +129,13 @@ void TestCharacteristicsCurvePage::nodeCount()
     shown.counts()->setCurrentIndex(4);
     QVERIFY(!shown.port(0)->isEnabled() && !shown.value(5)->isEnabled());
     QVERIFY(shown.host.calls.isEmpty() && shown.host.reads.isEmpty());
+    shown.weld(false);
+    shown.counts()->setCurrentIndex(0);
+    QVERIFY(shown.port(0)->isEnabled());
+    QWheelEvent wheel(QPoint(9, 9), QPoint(9, 9), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(shown.port(0), &wheel);
+    QCOMPARE(shown.port(0)->value(), 0.0);
 }
 
 void TestCharacteristicsCurvePage::loaded_data()
@@ -149,41 +198,58 @@ void TestCharacteristicsCurvePage::cellsWithoutSpinBoxes()
     QVERIFY(shown.host.messages.isEmpty());
     shown.page.populateTable(shown.table(), 2, {{1, 2}, {3, 4}});
     QCOMPARE(shown.nodes(), QString("1:1.00/2 2:3.00/4"));
-    shown.page.addRowToTable(shown.table(), 7, 5, std::numeric_limits<double>::quiet_NaN());
-    QCOMPARE(shown.nodes(), QString("1:1.00/2 2:3.00/4 7:5.00/0"));
+    shown.page.addRowToTable(shown.table(), 7, kNan, kNan);
+    QCOMPARE(shown.nodes(), QString("1:1.00/2 2:3.00/4 7:0.00/0"));
+    QTableWidget others(0, 2);
+    shown.page.populateTable(&others, 2, {});
+    shown.page.addRowToTable(&others, 1, 0, 0);
+    QVERIFY(others.rowCount() == 0 && shown.host.warnings().size() == 2);
+    shown.page.resetTableHeaderText(&others, "AO1");
+    QCOMPARE(others.horizontalHeaderItem(1)->text(), QString("AO1"));
 }
 
 void TestCharacteristicsCurvePage::drawn_data()
 {
+    QTest::addColumn<int>("index");
     QTest::addColumn<QJsonArray>("answer");
     QTest::addColumn<double>("slope");
     QTest::addColumn<double>("intercept");
-    QTest::newRow("line") << lineAnswer(150, -5) << 150.0 << -5.0;
-    QTest::newRow("no answer") << QJsonArray() << 0.0 << 0.0;
-    QTest::newRow("two elements") << lineAnswer(1, 1) + lineAnswer(100, 7)[0] << 100.0 << 7.0;
+    for (int i = 0; i < 4; ++i) {
+        QTest::newRow(kCurves[i].title) << i << lineAnswer(0.5, 20) << 0.5 << 20.0;
+    }
+    QTest::newRow("no answer") << 0 << QJsonArray() << 0.0 << 0.0;
+    QTest::newRow("two elements") << 0 << lineAnswer(1, 1) + lineAnswer(100, 7)[0] << 100.0 << 7.0;
 }
 
 /// The chart has the nodes, the line and a range that fits them, as one that was given just that.
 void TestCharacteristicsCurvePage::drawn()
 {
-    QFETCH(QJsonArray, answer);
+    QFETCH(int, index);
+    const Curve& curve = kCurves[index];
     Shown shown;
-    shown.press(kPower.compute); // another line than the one that is judged
+    shown.open(curve);
+    shown.press(curve.compute); // another line than the one that is judged
+    QTest::qWait(1);
+    QFETCH(QJsonArray, answer);
     shown.host.answers[kCompute] = answer;
-    shown.port(2)->setValue(30);
-    shown.press(kPower.compute);
-    QCOMPARE(shown.host.messages.size(), 0);
+    Paints paints;
+    CustomChart* chart = shown.chart(curve);
+    chart->installEventFilter(&paints);
+    shown.press(curve.compute);
+    QTRY_VERIFY(paints.count > 0);
+    QVERIFY(shown.host.messages.isEmpty());
+    const QList<QPointF> nodes = nodesOf(storedNode().value(curve.nodesKey).toArray());
+    const CurveLimits limits = limitsOf(nodes);
     CustomChart expected;
-    expected.resize(shown.chart()->size());
-    expected.setFont(shown.chart()->font());
-    expected.setRange("", 5, 0, 31, "", 500, 0, 3001);
-    expected.setPoints({{0, 0}, {10.25, 1000}, {30, 3000}});
+    expected.resize(chart->size());
+    expected.setFont(chart->font());
+    expected.setRange("", limits.x.step, 0, limits.x.maximum, "", limits.y.step, limits.y.minimum, limits.y.maximum);
+    expected.setPoints(nodes);
     QFETCH(double, slope);
     QFETCH(double, intercept);
     expected.setLine(slope, intercept);
-    expected.setTips("AO_power", "Power W");
-
-    QCOMPARE(shown.chart()->grab().toImage(), expected.grab().toImage());
+    expected.setTips(QString("AO_") + curve.stem, curve.caption);
+    QCOMPARE(chart->grab().toImage(), expected.grab().toImage());
 }
 
 /// The order of a show. Lines that were drawn are computed again, at any level.
@@ -244,6 +310,9 @@ void TestCharacteristicsCurvePage::closed()
     QWidget* page = shown.form.find<QTabWidget>("tabWidget")->widget(1);
     const QJsonDocument document = QJsonDocument::fromJson(mapping.toUtf8());
     shown.host.nodes[kMapping] = document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
+    shown.page.initTableHeaderText();
+    QTEST(shown.header(feed), "header");
+    QCOMPARE(page->isEnabled(), shown.header(feed) != "Not configured");
     shown.showAgain();
     QTEST(shown.header(feed), "header");
     QTEST(page->isEnabled(), "isOpen");
@@ -252,10 +321,10 @@ void TestCharacteristicsCurvePage::closed()
     QVERIFY(!shown.form.find<QTabWidget>("tabWidget")->widget(0)->isEnabled());
     // What is in use again opens again.
     shown.host.nodes[kMapping] = ::mapping();
-    shown.page.initTableHeaderText();
-    QCOMPARE(shown.header(feed), QString("AO_wire_speed"));
     shown.page.setCurveTabEditable(1, false);
     QVERIFY(page->isEnabled() && !shown.form.isEnabled(feed.save));
+    shown.page.initTableHeaderText();
+    QCOMPARE(shown.header(feed), QString("AO_wire_speed"));
     QVERIFY(!shown.page.isCurveTabIoConfigured(4) && !shown.page.isCurveTabIoConfigured(-1));
     shown.page.setCurveTabEditable(4, true);
 }

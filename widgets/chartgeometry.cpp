@@ -23,7 +23,7 @@ QVector<ChartGeometry::Tick> ticksOf(const ChartAxis& axis, double pixelsPerUnit
     QVector<ChartGeometry::Tick> ticks;
     qint64 next = 0;
     for (qint64 k = 0; k < count; k = next) {
-        const int distance = static_cast<int>(std::round(static_cast<double>(k) * pitch));
+        const int distance = static_cast<int>(std::round(static_cast<double>(k * axis.step) * pixelsPerUnit));
         if (ticks.isEmpty() || ticks.constLast().position != distance) {
             ticks.append({axis.minimum + k * axis.step, distance});
         }
@@ -146,7 +146,7 @@ std::optional<QLine> ChartGeometry::line(double slope, double intercept) const
     const auto finish = position(movedInside({xHigh, slope * xHigh + intercept}, slope, intercept));
     // Judged in pixels: what an end is beside its edge by rounding does not make a line miss the frame.
     const QRect inside(QPoint(left(), top()), QPoint(right(), bottom()));
-    if (!start || !finish || start == finish || !inside.contains(*start) || !inside.contains(*finish)) {
+    if (!start || !finish || !inside.contains(*start) || !inside.contains(*finish)) {
         return {};
     }
     return QLine(*start, *finish);

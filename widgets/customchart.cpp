@@ -31,6 +31,9 @@ constexpr int kFramePen = 2;
 constexpr int kFrameReach = kTickLength + kFramePen; ///< of frame and ticks into the plot area
 constexpr int kLeastFontPixels = 8;                  ///< down to which digits can be told apart
 
+/// Above that many pixels a picture is not kept.
+constexpr double kGreatestFace = 4096.0 * 4096;
+
 constexpr int kFewestPolylinePoints = 2;
 constexpr int kMostPolylinePoints = 10;
 constexpr double kPointsPerInch = 72;
@@ -38,7 +41,10 @@ constexpr double kMetresPerInch = 0.0254;
 
 QFont captionFont()
 {
-    return {QStringLiteral("Arial"), 10};
+    // The name as a copy on the heap: Qt's font cache keeps it beyond the life of this library.
+    QFont font(QString::fromLatin1("Arial"), 10);
+    font.resolve(QFont::AllPropertiesResolved); // nothing of it is left to the painter's font before
+    return font;
 }
 
 /// The scale of a device, if it is a whole number and all that there is to it; else 0: a picture would be blurred.
@@ -120,7 +126,9 @@ CustomChart::Look CustomChart::look(int scale) const
 {
     QColor background = palette().color(backgroundRole());
     background.setAlpha(255); // who paints an opaque widget leaves nothing of what was there before
-    return {size(), scale, logicalDpiX(), font(), background, m_x, m_y, m_xUnit, m_yUnit, m_xCaption, m_yCaption};
+    const bool isKept = static_cast<double>(width()) * height() * scale * scale <= kGreatestFace;
+    return {size(),  isKept ? scale : 0, logicalDpiX(), font(), background, m_x, m_y, m_xUnit,
+            m_yUnit, m_xCaption,         m_yCaption};
 }
 
 void CustomChart::paintEvent(QPaintEvent* /*event*/)

@@ -26,7 +26,7 @@ public:
     void setRange(const QString& xUnit, int xStep, int xMin, int xMax, const QString& yUnit, int yStep, int yMin,
                   int yMax);
 
-    /// The line y = slope * x + intercept. One of a slope of 1e-6 or less is not drawn.
+    /// The line y = slope * x + intercept. One whose slope is 1e-6 or less, up or down, is not drawn.
     void setLine(const double& slope, const double& intercept);
     bool hasLine() const { return m_hasLine; } ///< Whether a line was ever set.
 
@@ -49,7 +49,7 @@ private:
     /// Everything that the part of the picture without nodes and line depends on.
     struct Look {
         QSize size;
-        int scale = 0; ///< of the device: its pixels for one of ours; 0 when they are no whole number
+        int scale = 0; ///< of the device: its pixels for one of ours; 0: no picture is kept
         int dpi = 0;
         QFont font;
         QColor background;

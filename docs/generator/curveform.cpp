@@ -1,6 +1,6 @@
 #include "docs/generator/curveform.h"
 
-#include "page/curves/curvespecs.h"
+#include "page/curves/curvetable.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -11,9 +11,6 @@
 
 namespace
 {
-
-constexpr int kPortColumn = 1;
-constexpr int kValueColumn = 2;
 
 template <typename Widget>
 const Widget* widgetOf(const QWidget& page, const char* name)
@@ -58,29 +55,27 @@ NodeMember nodesMember(const QWidget& page, const CurveSpec& curve)
 {
     const auto* table = widgetOf<QTableWidget>(page, curve.table);
     const auto* counts = widgetOf<QComboBox>(page, curve.nodeCount);
-    const auto* port = qobject_cast<QDoubleSpinBox*>(table->cellWidget(0, kPortColumn));
-    const auto* value = qobject_cast<QSpinBox*>(table->cellWidget(0, kValueColumn));
-    const QString portTitle = table->horizontalHeaderItem(kPortColumn)->text();
-    const QString valueTitle = table->horizontalHeaderItem(kValueColumn)->text().trimmed();
+    const auto* port = qobject_cast<QDoubleSpinBox*>(table->cellWidget(0, curvetable::PortValue));
+    const auto* value = qobject_cast<QSpinBox*>(table->cellWidget(0, curvetable::PhysicalValue));
+    const QString portTitle = table->horizontalHeaderItem(curvetable::PortValue)->text();
+    const QString valueTitle = table->horizontalHeaderItem(curvetable::PhysicalValue)->text().trimmed();
     const QString decimals = port->decimals() == 2 ? QStringLiteral("two") : QString::number(port->decimals());
     NodeMember member;
     member.key = QLatin1String(curve.nodesKey);
     member.widget = QLatin1String(curve.table);
     member.caption = curveTitle(page, table) + QStringLiteral(": one pair for each node");
     member.type = QStringLiteral("array of pairs of numbers; what is no pair is skipped");
-    member.range = QStringLiteral("[%1: %2 to %3, %4 decimals; %5: %6 to %7, whole]")
-                       .arg(portTitle, QString::number(port->minimum()), QString::number(port->maximum(), 'f', 2),
-                            decimals, valueTitle, QString::number(value->minimum()),
-                            QString::number(value->maximum()));
+    member.range =
+        QStringLiteral("[%1: %2 to %3, %4 decimals; %5: %6 to %7, whole]")
+            .arg(portTitle, QString::number(port->minimum()), QString::number(port->maximum(), 'f', port->decimals()),
+                 decimals, valueTitle, QString::number(value->minimum()), QString::number(value->maximum()));
     member.whenMissing = QStringLiteral("as it was shown; zeros for another number of nodes");
     const QJsonObject portValue{{"type", "number"},
                                 {"minimum", port->minimum()},
                                 {"maximum", port->maximum()},
                                 {"description", QStringLiteral("%1, at most %2 decimals").arg(portTitle, decimals)}};
-    const QJsonObject physicalValue{{"type", "integer"},
-                                    {"minimum", value->minimum()},
-                                    {"maximum", value->maximum()},
-                                    {"description", valueTitle}};
+    const QJsonObject physicalValue{
+        {"type", "integer"}, {"minimum", value->minimum()}, {"maximum", value->maximum()}, {"description", valueTitle}};
     const QJsonObject pair{
         {"type", "array"}, {"items", QJsonArray{portValue, physicalValue}}, {"minItems", 2}, {"maxItems", 2}};
     member.published = {{"type", "array"},

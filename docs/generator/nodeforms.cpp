@@ -174,8 +174,7 @@ QVector<NodeForm> nodeForms()
     const WeldioPage io(nullptr, nullptr);
     const CharacteristicsCurvePage curves(nullptr, nullptr);
     return {flatNode(names::node::kWeldSetting, names::command::kSetWeldSetting, membersOf(setting, kSettingFields)),
-            flatNode(names::node::kWeldIo, names::command::kSetWeldIo, ioMembers(io)),
-            curveNode(curves)};
+            flatNode(names::node::kWeldIo, names::command::kSetWeldIo, ioMembers(io)), curveNode(curves)};
 }
 
 QVector<MonitorValue> monitorValues()

@@ -20,15 +20,18 @@
 namespace
 {
 
-enum Column { Number, PortValue, PhysicalValue };
+using curvetable::NodeNumber;
+using curvetable::PhysicalValue;
 
-constexpr int kFontPoints = 10;
 constexpr int kTickFontPoints = 9;
 constexpr QSize kLeastChart(380, 259);
 constexpr int kMargin = 8;          ///< between the parts of a tab, in pixels
 constexpr int kTitleMargin = 14;    ///< above and below a column's title together, in pixels
 constexpr int kPortCharacters = 14; ///< of a port's name, as in "AO_LaserPower"
 constexpr int kTitleSides = 16;     ///< left and right of a column's title together, in pixels
+
+/// %1 points, %2 family.
+constexpr char kTickSheet[] = R"(font:400 %1pt "%2";)";
 
 class FittedChart : public CustomChart
 {
@@ -63,7 +66,7 @@ QTableWidget* newTable(const CurveSpec& curve)
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView* header = table->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Stretch);
-    header->setSectionResizeMode(Number, QHeaderView::Fixed);
+    header->setSectionResizeMode(NodeNumber, QHeaderView::Fixed);
     header->setSectionsClickable(false);
     header->setHighlightSections(false);
     return table;
@@ -157,21 +160,20 @@ void CurveTab::show(bool isInUse, bool isEditable) const
     }
 }
 
-void CurveTab::present() const
+void CurveTab::present(int rowHeight) const
 {
-    const QFont font = UiScale::contentFont(table, kFontPoints);
+    const QFont font = UiScale::contentFont(table, kContentFontPoints);
     QHeaderView* header = table->horizontalHeader();
     if (header->font() != font) {
         header->setFont(font);
     }
     header->setFixedHeight(UiScale::lineHeight(font) + kTitleMargin);
-    const int rowHeight = UiScale::tableRowHeight(table);
     table->verticalHeader()->setMinimumSectionSize(rowHeight);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    const int numberWidth = header->sectionSizeHint(Number);
+    const int numberWidth = header->sectionSizeHint(NodeNumber);
     const int portWidth = QFontMetrics(font).averageCharWidth() * kPortCharacters + kTitleSides;
     const int valueWidth = std::max(header->sectionSizeHint(PhysicalValue), portWidth);
-    table->setColumnWidth(Number, numberWidth);
+    table->setColumnWidth(NodeNumber, numberWidth);
     table->setFixedWidth(numberWidth + 2 * valueWidth + 2 * table->frameWidth() +
                          table->verticalScrollBar()->sizeHint().width());
 }
@@ -179,7 +181,6 @@ void CurveTab::present() const
 void fitTickFont(CustomChart* chart)
 {
     const QFont font = chart->fittedFont(UiScale::contentFont(chart, kTickFontPoints));
-    if (chart->font() != font) {
-        chart->setFont(font);
-    }
+    // A font that is only set yields to any sheet of the host's.
+    setStyleSheetOnce(chart, QString::fromLatin1(kTickSheet).arg(QString::number(font.pointSize()), font.family()));
 }

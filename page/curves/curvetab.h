@@ -3,6 +3,9 @@
 
 #include "page/curves/curvespecs.h"
 
+/// Design size of the texts on the page, in points.
+constexpr int kContentFontPoints = 10;
+
 class CustomChart;
 class ListComboBox;
 class QPushButton;
@@ -24,8 +27,8 @@ struct CurveTab {
     /// Enables what can be seen and edited; a curve whose output is not in use is closed as a whole.
     void show(bool isInUse, bool isEditable) const;
 
-    /// Fonts, row heights and column widths for the screen and the zoom as they are now.
-    void present() const;
+    /// Font of the header, row heights in pixels, and column widths for the screen as it is now.
+    void present(int rowHeight) const;
 };
 
 /// Gives a chart the font in which its tick labels have room. The charts of the tabs do that whenever they are resized.

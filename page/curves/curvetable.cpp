@@ -1,5 +1,6 @@
 #include "page/curves/curvetable.h"
 
+#include "common/logline.h"
 #include "common/truncate.h"
 
 #include <QDoubleSpinBox>
@@ -12,7 +13,7 @@
 namespace
 {
 
-enum Column { Number, PortValue, PhysicalValue };
+using namespace curvetable;
 
 constexpr double kPortStep = 0.01;
 
@@ -34,6 +35,15 @@ Box* newCell(QTableWidget* table, int row, Column column)
     return box;
 }
 
+bool hasColumns(const QTableWidget* table)
+{
+    const bool has = table->columnCount() > PhysicalValue;
+    if (!has) {
+        logLine(LogLevel::Warning) << "a table of nodes has too few columns:" << table->columnCount();
+    }
+    return has;
+}
+
 QDoubleSpinBox* portBox(const QTableWidget* table, int row)
 {
     return qobject_cast<QDoubleSpinBox*>(table->cellWidget(row, PortValue));
@@ -52,13 +62,13 @@ double cellNumber(const QTableWidget* table, int row, Column column)
 
 void showNode(QTableWidget* table, const ValueRange& values, int row, int nodeNumber, const QPointF& node)
 {
-    if (table->item(row, Number) == nullptr) {
+    if (table->item(row, NodeNumber) == nullptr) {
         auto* number = new QTableWidgetItem;
         number->setTextAlignment(Qt::AlignCenter);
         number->setFlags(Qt::ItemIsEnabled);
-        table->setItem(row, Number, number);
+        table->setItem(row, NodeNumber, number);
     }
-    table->item(row, Number)->setText(QString::number(nodeNumber));
+    table->item(row, NodeNumber)->setText(QString::number(nodeNumber));
     if (portBox(table, row) == nullptr) {
         auto* box = newCell<QDoubleSpinBox>(table, row, PortValue);
         box->setRange(0, kGreatestPortValue);
@@ -79,6 +89,9 @@ namespace curvetable
 
 void addRow(QTableWidget* table, const ValueRange& values, int nodeNumber, double portValue, double physicalValue)
 {
+    if (!hasColumns(table)) {
+        return;
+    }
     const int row = table->rowCount();
     table->insertRow(row);
     showNode(table, values, row, nodeNumber, {portValue, physicalValue});
@@ -86,6 +99,9 @@ void addRow(QTableWidget* table, const ValueRange& values, int nodeNumber, doubl
 
 void populate(QTableWidget* table, const ValueRange& values, int count, const QList<QPointF>& nodes)
 {
+    if (!hasColumns(table)) {
+        return;
+    }
     while (table->rowCount() > qMax(count, 0)) {
         table->removeRow(table->rowCount() - 1);
     }
@@ -137,6 +153,9 @@ void setCellWidgetsEnabled(QTableWidget* table, bool enabled)
 
 void setPortHeader(QTableWidget* table, const QString& text)
 {
+    if (table->horizontalHeaderItem(PortValue) == nullptr) {
+        table->setHorizontalHeaderItem(PortValue, new QTableWidgetItem);
+    }
     if (QTableWidgetItem* header = table->horizontalHeaderItem(PortValue)) {
         header->setText(text);
     }

@@ -12,10 +12,13 @@
 
 class QTableWidget;
 
-/// The table of a curve's nodes: number of the node, spin box of its port value, spin box of its physical value.
-/// Neither function says anything to the operator or asks the host.
+/// The table of a curve's nodes: number of the node, spin box of its port value, spin box of its physical value. A
+/// table that lacks these columns shows no nodes, with a warning in the log. None may be null. No function says
+/// anything to the operator or asks the host.
 namespace curvetable
 {
+
+enum Column { NodeNumber, PortValue, PhysicalValue };
 
 /// Appends a node. Values beyond their ranges become the nearest that is within; the physical value's fraction is cut
 /// off.
