@@ -1,6 +1,9 @@
 #include "tests/fakehost.h"
 
+#include <QAbstractButton>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLabel>
 #include <QPixmap>
 #include <QTest>
@@ -83,6 +86,18 @@ void TestPlugin::lifecycle()
     m_host->centerWidget->show();
     QVERIFY(!m_host->centerWidget->grab().isNull());
     QVERIFY(m_host->centerWidget->findChild<QWidget*>("WeldSettingPage")->isVisible());
+    m_host->nodes["weld_curve_config"] =
+        QJsonObject{{"laser_power_node", 2}, {"power_nodes_data", QJsonArray{QJsonArray{0, 0}, QJsonArray{1, 1}}}};
+    m_host->nodes["weld_io_config"] = QJsonObject{{"power_enabled", true}, {"power_port", "AO1"}};
+    for (auto* page : m_host->centerWidget->findChild<QWidget*>("wgtNav")->findChildren<QAbstractButton*>()) {
+        page->click();
+        auto* compute = m_host->centerWidget->findChild<QAbstractButton*>("pushButton_compute");
+        if (compute->isVisible()) {
+            compute->click();
+        }
+        QVERIFY(!m_host->centerWidget->grab().isNull());
+    }
+    QCOMPARE(m_host->sent(), QStringList{"compute_curve_config"});
     m_plugin->detach();
 }
 
