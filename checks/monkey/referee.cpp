@@ -1,8 +1,10 @@
 #include "checks/monkey/referee.h"
 
 #include "checks/monkey/iorules.h"
+#include "simulator/schemavalidator.h"
 #include "simulator/weldcommands.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QSpinBox>
 
@@ -17,6 +19,8 @@ const QString kSetMapping = QStringLiteral("set_weld_io_config");
 const QString kFeedWire = QStringLiteral("set_weld_feed_wire");
 const QString kRetractWire = QStringLiteral("set_weld_retract_wire");
 const QString kComputeCurve = QStringLiteral("compute_curve_config");
+const QString kSetCurve = QStringLiteral("set_weld_curve_");
+const QString kCurves = QStringLiteral("weld_curve_config");
 const QString kMonitor = QStringLiteral("start_laserweld_monitor");
 const QString kRefusal = QStringLiteral("Insufficient user permissions!");
 
@@ -51,6 +55,40 @@ bool isWeldingEnabled(const QObject* neighbour)
     return !field->isEnabledTo(setup);
 }
 
+/// The rule that a curve's two members break between them, in words, or nothing.
+QString brokenCurveRule(const QJsonObject& curve)
+{
+    QJsonArray nodes;
+    int count = 0;
+    for (const QJsonValue member : curve) {
+        nodes = member.isArray() ? member.toArray() : nodes;
+        count = member.isDouble() ? member.toInt() : count;
+    }
+    if (nodes.size() != count) {
+        return QStringLiteral("there are %1 nodes, not %2").arg(QString::number(nodes.size()), QString::number(count));
+    }
+    for (int i = 1; i < count; ++i) {
+        for (const int column : {0, 1}) {
+            if (nodes.at(i)[column].toDouble() <= nodes.at(i - 1)[column].toDouble()) {
+                return QStringLiteral("value %1 of node %2 does not rise").arg(column).arg(i + 1);
+            }
+        }
+    }
+    return {};
+}
+
+/// The tab that a curve's members are edited on: "tab_power" for "power_nodes_data".
+const QWidget* tabOf(const QObject* page, const QJsonObject& curve)
+{
+    for (const QString& member : curve.keys()) {
+        const QString tab = QStringLiteral("tab_") + member.section(QLatin1Char('_'), 0, 0);
+        if (const auto* found = page->findChild<const QWidget*>(tab)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
@@ -60,6 +98,13 @@ Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
         if (sim::findCommand(name) == nullptr) {
             qFatal("the referee judges %s, which the controller does not know", qPrintable(name));
         }
+    }
+}
+
+void Referee::shown(const QObject* widget)
+{
+    for (ActionState& action : m_actions) {
+        action.shown.insert(widget);
     }
 }
 
@@ -91,6 +136,11 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
     if (!mayLeaveByItself(sender, name, argument)) {
         judgeLevel(name, action.asked.level);
     }
+    if (sim::findCommand(name) != nullptr) {
+        if (const auto fault = sim::SchemaValidator::of(name).fault(argument)) {
+            m_logbook->complain(QStringLiteral("%1 was sent, and %2").arg(name, fault->toString()));
+        }
+    }
     if (name == kEnable) {
         if (!action.asked.unpowered) {
             m_logbook->complain(
@@ -107,15 +157,20 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
     if (movesWire(name)) {
         judgeWire(name, argument.toBool());
     }
+    if (name == kComputeCurve || name.startsWith(kSetCurve)) {
+        judgeCurve(sender, name, argument.toObject());
+    }
+    action.computed = name == kComputeCurve ? argument : QJsonValue(QJsonValue::Undefined);
     otherCall();
 }
 
 bool Referee::mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const
 {
-    // Curves that are drawn are computed again when their page is shown.
+    // Lines that are drawn are computed again when their page is shown, and at "Cancel" as soon as the nodes are read.
+    const ActionState& action = m_actions.back();
     if (name == kComputeCurve) {
-        return sender != nullptr && sender->inherits("CharacteristicsCurvePage") &&
-               m_actions.back().shown.contains(sender);
+        return sender != nullptr && sender->inherits("CharacteristicsCurvePage") && !action.asked.level &&
+               (action.shown.contains(sender) || action.asked.node == kCurves);
     }
     // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
     return name == kMonitor &&
@@ -156,6 +211,39 @@ void Referee::judgeMapping(const QObject* sender, const QJsonObject& mapping)
     if (!broken.isEmpty()) {
         m_logbook->complain(QStringLiteral("a mapping was sent, and %1").arg(broken));
     }
+}
+
+void Referee::judgeCurve(const QObject* sender, const QString& name, const QJsonObject& curve)
+{
+    const QString broken = brokenCurveRule(curve);
+    if (!broken.isEmpty()) {
+        m_logbook->complain(QStringLiteral("%1 was sent, and %2").arg(name, broken));
+    }
+    if (m_actions.back().asked.level) {
+        judgePress(sender, name, curve);
+    }
+    if (name != kComputeCurve) {
+        m_logbook->count(QStringLiteral("curves"));
+        if (m_actions.back().computed != curve) {
+            m_logbook->complain(QStringLiteral("%1 does not follow a computation of its nodes").arg(name));
+        }
+    }
+}
+
+void Referee::judgePress(const QObject* sender, const QString& name, const QJsonObject& curve)
+{
+    const QWidget* tab = sender != nullptr ? tabOf(sender, curve) : nullptr;
+    if (tab == nullptr || !tab->isEnabled()) {
+        m_logbook->complain(QStringLiteral("%1 was sent, and its tab is closed").arg(name));
+    }
+    if (isWeldingEnabled(sender)) {
+        m_logbook->complain(QStringLiteral("%1 was sent while welding is enabled").arg(name));
+    }
+    QStringList& sent = m_actions.back().sentAtPress;
+    if (sent.contains(name)) {
+        m_logbook->complain(QStringLiteral("%1 was sent twice at one press").arg(name));
+    }
+    sent.append(name);
 }
 
 void Referee::judgeWire(const QString& name, bool start)
