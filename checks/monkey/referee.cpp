@@ -1,12 +1,14 @@
 #include "checks/monkey/referee.h"
 
+#include "checks/monkey/curverules.h"
 #include "checks/monkey/iorules.h"
 #include "simulator/schemavalidator.h"
 #include "simulator/weldcommands.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 #include <QSpinBox>
+
+#include <algorithm>
 
 namespace
 {
@@ -20,6 +22,8 @@ const QString kFeedWire = QStringLiteral("set_weld_feed_wire");
 const QString kRetractWire = QStringLiteral("set_weld_retract_wire");
 const QString kComputeCurve = QStringLiteral("compute_curve_config");
 const QString kSetCurve = QStringLiteral("set_weld_curve_");
+constexpr char kCurvePage[] = "CharacteristicsCurvePage";
+const QString kMapping = QStringLiteral("weld_io_config");
 const QString kCurves = QStringLiteral("weld_curve_config");
 const QString kMonitor = QStringLiteral("start_laserweld_monitor");
 const QString kRefusal = QStringLiteral("Insufficient user permissions!");
@@ -55,40 +59,6 @@ bool isWeldingEnabled(const QObject* neighbour)
     return !field->isEnabledTo(setup);
 }
 
-/// The rule that a curve's two members break between them, in words, or nothing.
-QString brokenCurveRule(const QJsonObject& curve)
-{
-    QJsonArray nodes;
-    int count = 0;
-    for (const QJsonValue member : curve) {
-        nodes = member.isArray() ? member.toArray() : nodes;
-        count = member.isDouble() ? member.toInt() : count;
-    }
-    if (nodes.size() != count) {
-        return QStringLiteral("there are %1 nodes, not %2").arg(QString::number(nodes.size()), QString::number(count));
-    }
-    for (int i = 1; i < count; ++i) {
-        for (const int column : {0, 1}) {
-            if (nodes.at(i)[column].toDouble() <= nodes.at(i - 1)[column].toDouble()) {
-                return QStringLiteral("value %1 of node %2 does not rise").arg(column).arg(i + 1);
-            }
-        }
-    }
-    return {};
-}
-
-/// The tab that a curve's members are edited on: "tab_power" for "power_nodes_data".
-const QWidget* tabOf(const QObject* page, const QJsonObject& curve)
-{
-    for (const QString& member : curve.keys()) {
-        const QString tab = QStringLiteral("tab_") + member.section(QLatin1Char('_'), 0, 0);
-        if (const auto* found = page->findChild<const QWidget*>(tab)) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
@@ -101,10 +71,30 @@ Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
     }
 }
 
+void Referee::beginAction()
+{
+    if (m_actions.size() == 1) {
+        m_toldMappings.remove(0, m_oldMappings);
+        m_oldMappings = 0;
+    }
+    m_actions.emplace_back();
+}
+
 void Referee::shown(const QObject* widget)
 {
     for (ActionState& action : m_actions) {
         action.shown.insert(widget);
+    }
+    if (widget->inherits(kCurvePage)) {
+        m_oldMappings = m_toldMappings.size();
+    }
+}
+
+void Referee::nodeAnswered(const QString& name, const QJsonValue& node)
+{
+    m_actions.back().asked = {false, {}, name};
+    if (name == kMapping) {
+        m_toldMappings.append(node);
     }
 }
 
@@ -169,7 +159,7 @@ bool Referee::mayLeaveByItself(const QObject* sender, const QString& name, const
     // Lines that are drawn are computed again when their page is shown, and at "Cancel" as soon as the nodes are read.
     const ActionState& action = m_actions.back();
     if (name == kComputeCurve) {
-        return sender != nullptr && sender->inherits("CharacteristicsCurvePage") && !action.asked.level &&
+        return sender != nullptr && sender->inherits(kCurvePage) && !action.asked.level &&
                (action.shown.contains(sender) || action.asked.node == kCurves);
     }
     // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
@@ -232,9 +222,9 @@ void Referee::judgeCurve(const QObject* sender, const QString& name, const QJson
 
 void Referee::judgePress(const QObject* sender, const QString& name, const QJsonObject& curve)
 {
-    const QWidget* tab = sender != nullptr ? tabOf(sender, curve) : nullptr;
-    if (tab == nullptr || !tab->isEnabled()) {
-        m_logbook->complain(QStringLiteral("%1 was sent, and its tab is closed").arg(name));
+    const auto isKnown = [&curve](const QJsonValue& mapping) { return isAssigned(curve, mapping); };
+    if (std::none_of(m_toldMappings.cbegin(), m_toldMappings.cend(), isKnown)) {
+        m_logbook->complain(QStringLiteral("%1 was sent, and its output is not in use").arg(name));
     }
     if (isWeldingEnabled(sender)) {
         m_logbook->complain(QStringLiteral("%1 was sent while welding is enabled").arg(name));

@@ -24,7 +24,8 @@
 /// - A command follows its schema. The nodes of a curve are as many as their number says, and both values rise.
 /// - A line is computed without a press only when its page was shown or has just read the nodes. What is computed or
 /// saved
-///   at a press is that of an open curve, once, while welding is off. A save follows a computation of the same nodes.
+///   at a press is a curve whose output is in use, once, while welding is off. A save follows a computation of the same
+///   nodes.
 /// - The wire is started only with a finger on the key. When the finger has gone, the stop follows, unless the operator
 ///   was refused it for want of a level and told so.
 /// - A page sends no command while one of its own is under way.
@@ -39,7 +40,7 @@ public:
     Q_DISABLE_COPY(Referee)
 
     /// Actions of the operator nest where event loops do; what is asked in one says nothing about the others.
-    void beginAction() { m_actions.emplace_back(); }
+    void beginAction();
     void endAction() { m_actions.pop_back(); }
     int depth() const { return static_cast<int>(m_actions.size()) - 1; }
 
@@ -49,7 +50,7 @@ public:
     void inputComes() { m_actions.back().sentAtPress.clear(); }
     void levelAnswered(int level);
     void powerAnswered(bool powered) { m_actions.back().asked = {!powered, {}, {}}; }
-    void nodeAnswered(const QString& name) { m_actions.back().asked = {false, {}, name}; }
+    void nodeAnswered(const QString& name, const QJsonValue& node);
     void registersAnswered(const QJsonValue& registers);
     /// Any other call that may have spun the event loop.
     void otherCall() { m_actions.back().asked = {}; }
@@ -97,6 +98,8 @@ private:
     QVector<bool> m_fingers;            ///< by key: whether it is down
     QVector<int> m_calledKeys;          ///< whose handlers are under way, the innermost last
     QMap<QString, int> m_running;       ///< the wire by its command, and the key that started it
+    QVector<QJsonValue> m_toldMappings; ///< the I/O mapping as it was answered, the latest last
+    int m_oldMappings = 0; ///< so many of them are void when the action is over: the curves have newer ones
     SourceTexts m_texts;
     QMap<QString, int> m_levelOfText;
 };

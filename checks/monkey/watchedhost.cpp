@@ -62,7 +62,7 @@ QJsonValue WatchedHost::getVexaServiceData(const QString& name)
 {
     spin();
     QJsonValue node = sim::SimHost::getVexaServiceData(name);
-    m_referee.nodeAnswered(name);
+    m_referee.nodeAnswered(name, node);
     return node;
 }
 
