@@ -10,7 +10,10 @@
 #include <QDialog>
 #include <QFile>
 #include <QHeaderView>
+#include <QJsonArray>
 #include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -91,6 +94,22 @@ QString fullLine(const pendix::RlInstruction& instruction)
     return instruction.defaultLine;
 }
 
+/// The greatest number of nodes with short and with long numbers; the other curves stay as the cell has them.
+QJsonObject longCurves()
+{
+    constexpr int kMostNodes = 10;
+    QJsonArray power;
+    QJsonArray feed;
+    for (int i = 1; i <= kMostNodes; ++i) {
+        power.append(QJsonArray{i - 0.5, 600 * i - 200 * (i % 2)});
+        feed.append(QJsonArray{65535.99 - 5000 * (kMostNodes - i), 65535 - 4500 * (kMostNodes - i)});
+    }
+    return {{QStringLiteral("laser_power_node"), kMostNodes},
+            {QStringLiteral("power_nodes_data"), power},
+            {QStringLiteral("laser_feed_node"), kMostNodes},
+            {QStringLiteral("feed_nodes_data"), feed}};
+}
+
 /// A name of the code as part of a file name: "WeldSettingPage" becomes "weld-setting-page".
 QString fileWord(const QString& name)
 {
@@ -121,6 +140,7 @@ Shots::Shots(PendantWindow* window, SimHost* host, SimulatedController* controll
 
 int Shots::run(const QStringList& plugins)
 {
+    publish(node::kCurves, longCurves());
     m_window->show();
     settle();
     m_window->showAlone(kScreenWidth);
@@ -135,7 +155,9 @@ int Shots::run(const QStringList& plugins)
     shootEditors();
     m_window->showProgram(false);
     m_window->resize(size);
-    enableWelding();
+    publish(node::kSetting, {{QLatin1String(node::kMainEnable), true}});
+    // Of the curves one is closed, the others are only locked.
+    publish(node::kIo, {{QStringLiteral("duty_cycle_enabled"), false}});
     shootPages(plugins, QStringLiteral("-locked"));
     if (m_pictures == 0) {
         complain(tr("nothing"), tr("there is no page and no editor to take a picture of"));
@@ -155,12 +177,14 @@ void Shots::shootPages(const QStringList& plugins, const QString& state)
     }
 }
 
-void Shots::enableWelding()
+void Shots::publish(const char* name, const QJsonObject& members)
 {
     QJsonObject nodes = m_controller->nodes();
-    QJsonObject setting = nodes.value(QLatin1String(node::kSetting)).toObject();
-    setting.insert(QLatin1String(node::kMainEnable), true);
-    nodes.insert(QLatin1String(node::kSetting), setting);
+    QJsonObject changed = nodes.value(QLatin1String(name)).toObject();
+    for (auto member = members.constBegin(); member != members.constEnd(); ++member) {
+        changed.insert(member.key(), member.value());
+    }
+    nodes.insert(QLatin1String(name), changed);
     m_controller->setNodes(nodes);
 }
 
@@ -203,10 +227,23 @@ void Shots::shootTabs(QWidget* page, const QString& name, const QString& state)
         if (!obstacle.isEmpty()) {
             complain(own, tr("the tab \"%1\": %2").arg(tabs->tabText(tab), obstacle));
         }
+        computeLine(tabs->widget(tab), own);
         userinput::settle(kSlideMs);
         shootWhole(page, own);
     }
     userinput::click(tabs->tabBar(), tabs->tabBar()->tabRect(0).center());
+}
+
+/// Has the line of a curve drawn, on a tab with one that can be edited. What was drawn once stays.
+void Shots::computeLine(const QWidget* tab, const QString& name)
+{
+    for (QPushButton* button :
+         tab->findChildren<QPushButton*>(QRegularExpression(QStringLiteral("^pushButton_compute")))) {
+        const QString obstacle = button->isEnabled() ? userinput::click(button) : QString();
+        if (!obstacle.isEmpty()) {
+            complain(name, obstacle);
+        }
+    }
 }
 
 /// What is scrolled out of sight would be in no picture: the window grows until the page is whole.

@@ -14,10 +14,11 @@ class EditorFrame;
 
 /// Takes a picture of every page and every tab on it, of every status item and instruction editor of the loaded
 /// plug-ins, of the pendant buttons and the monitor, each at the size that it has beside or on a screen of 1280 pixels,
-/// and checks their layout; the pages also while welding is enabled. A denser screen has no more pixels: plug-ins have
-/// to damp their fonts. One process shows one language, density and zoom: Qt reads a density once, and plug-ins read
-/// language and zoom when they are built. So each writes a list of what its pictures show, for others to compare
-/// ("controls_zh_144dpi_z1.5.txt", a line "view: class name" for each control).
+/// and checks their layout; the pages also while welding is enabled. Curves are as long as they may be, and drawn. A
+/// denser screen has no more pixels: plug-ins have to damp their fonts. One process shows one language, density and
+/// zoom: Qt reads a density once, and plug-ins read language and zoom when they are built. So each writes a list of
+/// what its pictures show, for others to compare ("controls_zh_144dpi_z1.5.txt", a line "view: class name" for each
+/// control).
 class Shots
 {
     Q_DECLARE_TR_FUNCTIONS(sim::Shots)
@@ -44,7 +45,9 @@ private:
     void shootPages(const QStringList& plugins, const QString& state = {});
     void shootPage(QWidget* page, const QString& plugin, const QString& state);
     void shootTabs(QWidget* page, const QString& name, const QString& state);
-    void enableWelding();
+    void computeLine(const QWidget* tab, const QString& name);
+    /// Replaces members of a node, as something that happens at the machine.
+    void publish(const char* name, const QJsonObject& members);
     void shootWhole(QWidget* page, const QString& name);
     void shootStatusItems();
     void shootButtons(); ///< and the monitor that one of them opens

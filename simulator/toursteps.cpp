@@ -134,6 +134,7 @@ void opensWeldIo(Tour& tour)
 void opensCurves(Tour& tour)
 {
     openPage(tour, "Char. Curve", "Characteristic curves");
+    tour.click(QStringLiteral("pushButton_compute")); // so that the picture shows a line
 }
 
 void opensWeldData(Tour& tour)

@@ -1,8 +1,11 @@
 #include "checks/fuzz/configpages.h"
 
+#include "checks/fuzz/curvecheck.h"
 #include "checks/fuzz/input.h"
 #include "checks/fuzz/mappingcheck.h"
+#include "checks/fuzz/nodecheck.h"
 #include "checks/fuzz/require.h"
+#include "page/characteristicscurvepage.h"
 #include "page/laserweldpage.h"
 #include "page/weldiopage.h"
 #include "page/weldsettingpage.h"
@@ -30,7 +33,9 @@ ConfigPage row(const char* node)
         node,
         [](QWidget* page, FakeHost& /*host*/, const QJsonValue& config) { (static_cast<Page*>(page)->*Load)(config); },
         [](QWidget* page) { return (static_cast<Page*>(page)->*Save)(); },
-        [](const FakeHost& /*host*/, const QJsonObject& config) { return config; },
+        [node](const FakeHost& /*host*/, const QJsonObject& config, const QJsonObject& written) {
+            requireKept(QLatin1String(node), config, written);
+        },
         [](const QJsonObject& /*config*/) { return true; }};
 }
 
@@ -38,8 +43,38 @@ ConfigPage mappingRow()
 {
     ConfigPage page =
         row<WeldioPage, &WeldioPage::loadWeldIOConfigFromJson, &WeldioPage::saveWeldIOConfigToJson>("weld_io_config");
-    page.possible = possibleMapping;
+    page.check = [](const FakeHost& host, const QJsonObject& config, const QJsonObject& written) {
+        requireKept(QStringLiteral("weld_io_config"), possibleMapping(host, config), written);
+        require(possibleMapping(host, written) == written, "what is saved can't be had from this host");
+    };
     page.isWhole = isWholeMapping;
+    return page;
+}
+
+/// One command for each curve.
+QJsonObject saveCurves(QWidget* widget)
+{
+    auto* page = static_cast<CharacteristicsCurvePage*>(widget);
+    QJsonObject commands;
+    for (const QJsonObject& command :
+         {page->saveCurvePowerConfigToJson(), page->saveCurveFeedConfigToJson(), page->saveCurveFrequencyConfigToJson(),
+          page->saveCurveDutycycleConfigToJson()}) {
+        require(command.size() == 1, "a curve's save is not one command");
+        commands.insert(command.constBegin().key(), command.constBegin().value());
+    }
+    return withEnoughNodes(commands);
+}
+
+ConfigPage curvesRow()
+{
+    using Page = CharacteristicsCurvePage;
+    ConfigPage page =
+        row<Page, &Page::loadWeldCurveConfigFromJson, &Page::saveCurvePowerConfigToJson>("weld_curve_config");
+    page.save = saveCurves;
+    page.check = [](const FakeHost& /*host*/, const QJsonObject& config, const QJsonObject& written) {
+        requireCurves(config, written);
+    };
+    page.isWhole = hasAllCurves;
     return page;
 }
 
@@ -50,6 +85,7 @@ const QVector<ConfigPage>& rows()
         row<WeldSettingPage, &WeldSettingPage::loadServerConfigFromJson, &WeldSettingPage::saveServerConfigToJson>(
             "weld_setting_config"),
         mappingRow(),
+        curvesRow(),
     };
     return all;
 }

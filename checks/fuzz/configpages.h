@@ -20,8 +20,8 @@ struct ConfigPage {
     /// Makes the page take the node in; one that asks the host for it finds it there.
     std::function<void(QWidget* page, FakeHost& host, const QJsonValue& config)> load;
     std::function<QJsonObject(QWidget* page)> save; ///< the save commands that together bring the node, by name
-    /// A node as far as it can be had from this host, beyond what its schema says.
-    std::function<QJsonObject(const FakeHost& host, const QJsonObject& config)> possible;
+    /// Ends the process unless written is what a save may make of the loaded node.
+    std::function<void(const FakeHost& host, const QJsonObject& config, const QJsonObject& written)> check;
     /// Whether a node says all by itself and leaves nothing as it is shown.
     std::function<bool(const QJsonObject& config)> isWhole;
 };

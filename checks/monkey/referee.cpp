@@ -1,10 +1,14 @@
 #include "checks/monkey/referee.h"
 
+#include "checks/monkey/curverules.h"
 #include "checks/monkey/iorules.h"
+#include "simulator/schemavalidator.h"
 #include "simulator/weldcommands.h"
 
 #include <QJsonObject>
 #include <QSpinBox>
+
+#include <algorithm>
 
 namespace
 {
@@ -17,6 +21,10 @@ const QString kSetMapping = QStringLiteral("set_weld_io_config");
 const QString kFeedWire = QStringLiteral("set_weld_feed_wire");
 const QString kRetractWire = QStringLiteral("set_weld_retract_wire");
 const QString kComputeCurve = QStringLiteral("compute_curve_config");
+const QString kSetCurve = QStringLiteral("set_weld_curve_");
+constexpr char kCurvePage[] = "CharacteristicsCurvePage";
+const QString kMapping = QStringLiteral("weld_io_config");
+const QString kCurves = QStringLiteral("weld_curve_config");
 const QString kMonitor = QStringLiteral("start_laserweld_monitor");
 const QString kRefusal = QStringLiteral("Insufficient user permissions!");
 
@@ -63,6 +71,33 @@ Referee::Referee(Logbook* logbook) : m_logbook(logbook), m_actions(1)
     }
 }
 
+void Referee::beginAction()
+{
+    if (m_actions.size() == 1) {
+        m_toldMappings.remove(0, m_oldMappings);
+        m_oldMappings = 0;
+    }
+    m_actions.emplace_back();
+}
+
+void Referee::shown(const QObject* widget)
+{
+    for (ActionState& action : m_actions) {
+        action.shown.insert(widget);
+    }
+    if (widget->inherits(kCurvePage)) {
+        m_oldMappings = m_toldMappings.size();
+    }
+}
+
+void Referee::nodeAnswered(const QString& name, const QJsonValue& node)
+{
+    m_actions.back().asked = {false, {}, name};
+    if (name == kMapping) {
+        m_toldMappings.append(node);
+    }
+}
+
 Referee::~Referee()
 {
     for (const QString& wire : m_running.keys()) {
@@ -91,6 +126,11 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
     if (!mayLeaveByItself(sender, name, argument)) {
         judgeLevel(name, action.asked.level);
     }
+    if (sim::findCommand(name) != nullptr) {
+        if (const auto fault = sim::SchemaValidator::of(name).fault(argument)) {
+            m_logbook->complain(QStringLiteral("%1 was sent, and %2").arg(name, fault->toString()));
+        }
+    }
     if (name == kEnable) {
         if (!action.asked.unpowered) {
             m_logbook->complain(
@@ -107,15 +147,20 @@ void Referee::commandLeaves(const QObject* sender, const QString& name, const QJ
     if (movesWire(name)) {
         judgeWire(name, argument.toBool());
     }
+    if (name == kComputeCurve || name.startsWith(kSetCurve)) {
+        judgeCurve(sender, name, argument.toObject());
+    }
+    action.computed = name == kComputeCurve ? argument : QJsonValue(QJsonValue::Undefined);
     otherCall();
 }
 
 bool Referee::mayLeaveByItself(const QObject* sender, const QString& name, const QJsonValue& argument) const
 {
-    // Curves that are drawn are computed again when their page is shown.
+    // Lines that are drawn are computed again when their page is shown, and at "Cancel" as soon as the nodes are read.
+    const ActionState& action = m_actions.back();
     if (name == kComputeCurve) {
-        return sender != nullptr && sender->inherits("CharacteristicsCurvePage") &&
-               m_actions.back().shown.contains(sender);
+        return sender != nullptr && sender->inherits(kCurvePage) && !action.asked.level &&
+               (action.shown.contains(sender) || action.asked.node == kCurves);
     }
     // Everybody may look: the pendant starts the monitor's stream, whoever closes the monitor ends it.
     return name == kMonitor &&
@@ -156,6 +201,39 @@ void Referee::judgeMapping(const QObject* sender, const QJsonObject& mapping)
     if (!broken.isEmpty()) {
         m_logbook->complain(QStringLiteral("a mapping was sent, and %1").arg(broken));
     }
+}
+
+void Referee::judgeCurve(const QObject* sender, const QString& name, const QJsonObject& curve)
+{
+    const QString broken = brokenCurveRule(curve);
+    if (!broken.isEmpty()) {
+        m_logbook->complain(QStringLiteral("%1 was sent, and %2").arg(name, broken));
+    }
+    if (m_actions.back().asked.level) {
+        judgePress(sender, name, curve);
+    }
+    if (name != kComputeCurve) {
+        m_logbook->count(QStringLiteral("curves"));
+        if (m_actions.back().computed != curve) {
+            m_logbook->complain(QStringLiteral("%1 does not follow a computation of its nodes").arg(name));
+        }
+    }
+}
+
+void Referee::judgePress(const QObject* sender, const QString& name, const QJsonObject& curve)
+{
+    const auto isKnown = [&curve](const QJsonValue& mapping) { return isAssigned(curve, mapping); };
+    if (std::none_of(m_toldMappings.cbegin(), m_toldMappings.cend(), isKnown)) {
+        m_logbook->complain(QStringLiteral("%1 was sent, and its output is not in use").arg(name));
+    }
+    if (isWeldingEnabled(sender)) {
+        m_logbook->complain(QStringLiteral("%1 was sent while welding is enabled").arg(name));
+    }
+    QStringList& sent = m_actions.back().sentAtPress;
+    if (sent.contains(name)) {
+        m_logbook->complain(QStringLiteral("%1 was sent twice at one press").arg(name));
+    }
+    sent.append(name);
 }
 
 void Referee::judgeWire(const QString& name, bool start)

@@ -21,6 +21,11 @@
 ///   held, and was judged by, when that command left.
 /// - An I/O mapping that leaves breaks no rule by the registers that were told last in the same action, and none leaves
 ///   while welding is enabled.
+/// - A command follows its schema. The nodes of a curve are as many as their number says, and both values rise.
+/// - A line is computed without a press only when its page was shown or has just read the nodes. What is computed or
+/// saved
+///   at a press is a curve whose output is in use, once, while welding is off. A save follows a computation of the same
+///   nodes.
 /// - The wire is started only with a finger on the key. When the finger has gone, the stop follows, unless the operator
 ///   was refused it for want of a level and told so.
 /// - A page sends no command while one of its own is under way.
@@ -35,13 +40,17 @@ public:
     Q_DISABLE_COPY(Referee)
 
     /// Actions of the operator nest where event loops do; what is asked in one says nothing about the others.
-    void beginAction() { m_actions.emplace_back(); }
+    void beginAction();
     void endAction() { m_actions.pop_back(); }
     int depth() const { return static_cast<int>(m_actions.size()) - 1; }
 
-    void shown(const QObject* widget) { m_actions.back().shown.insert(widget); }
+    /// A page that is busy in one of the actions around this one catches up with it there.
+    void shown(const QObject* widget);
+    /// A finger or key is about to be lifted from a widget, at which buttons act.
+    void inputComes() { m_actions.back().sentAtPress.clear(); }
     void levelAnswered(int level);
-    void powerAnswered(bool powered) { m_actions.back().asked = {!powered, {}}; }
+    void powerAnswered(bool powered) { m_actions.back().asked = {!powered, {}, {}}; }
+    void nodeAnswered(const QString& name, const QJsonValue& node);
     void registersAnswered(const QJsonValue& registers);
     /// Any other call that may have spun the event loop.
     void otherCall() { m_actions.back().asked = {}; }
@@ -63,12 +72,15 @@ private:
     struct Asked {
         bool unpowered = false;   ///< power, answered "off"
         std::optional<int> level; ///< then, or alone, the level
+        QString node;             ///< or, alone, a node
     };
     struct ActionState {
         Asked asked;
         std::optional<int> toldLevel; ///< whatever was asked since
         QJsonValue toldRegisters = QJsonValue(QJsonValue::Undefined);
         QSet<const QObject*> shown;
+        QJsonValue computed;            ///< what the last command had computed; undefined for another one
+        QStringList sentAtPress;        ///< what a curve's page sent since the last press
         QMap<QString, int> enabledWith; ///< what the page's fields held when the enabling command left
     };
 
@@ -76,6 +88,8 @@ private:
     void judgeLevel(const QString& what, std::optional<int> level);
     void judgeSettings(const QJsonObject& settings);
     void judgeMapping(const QObject* sender, const QJsonObject& mapping);
+    void judgeCurve(const QObject* sender, const QString& name, const QJsonObject& curve);
+    void judgePress(const QObject* sender, const QString& name, const QJsonObject& curve);
     void judgeWire(const QString& name, bool start);
 
     Logbook* m_logbook;
@@ -84,6 +98,8 @@ private:
     QVector<bool> m_fingers;            ///< by key: whether it is down
     QVector<int> m_calledKeys;          ///< whose handlers are under way, the innermost last
     QMap<QString, int> m_running;       ///< the wire by its command, and the key that started it
+    QVector<QJsonValue> m_toldMappings; ///< the I/O mapping as it was answered, the latest last
+    int m_oldMappings = 0; ///< so many of them are void when the action is over: the curves have newer ones
     SourceTexts m_texts;
     QMap<QString, int> m_levelOfText;
 };

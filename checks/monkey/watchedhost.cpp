@@ -60,7 +60,10 @@ bool WatchedHost::getRobotEleStatus()
 
 QJsonValue WatchedHost::getVexaServiceData(const QString& name)
 {
-    return answer([&] { return sim::SimHost::getVexaServiceData(name); });
+    spin();
+    QJsonValue node = sim::SimHost::getVexaServiceData(name);
+    m_referee.nodeAnswered(name, node);
+    return node;
 }
 
 QStringList WatchedHost::getIOByType(const QString& type)
@@ -153,6 +156,9 @@ bool WatchedHost::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show) {
         m_referee.shown(watched);
+    }
+    if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::KeyRelease) {
+        m_referee.inputComes();
     }
     return sim::SimHost::eventFilter(watched, event);
 }

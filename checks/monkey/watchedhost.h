@@ -54,7 +54,7 @@ public:
     void createPhyButtonList(const QString& plugin, const QString& name, const QList<pendix::PhysicalButton>& first,
                              const QList<pendix::PhysicalButton>& second, const QStringList& selector) override;
 
-    /// Takes note of the widgets that are shown, whose show commands some pages may send.
+    /// Takes note of the widgets that are shown, whose show commands some pages may send, and of presses.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
