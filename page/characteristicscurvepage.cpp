@@ -19,6 +19,7 @@
 namespace
 {
 
+constexpr int kComboMargin = 8;       ///< above and below the text of a selector together, in pixels
 constexpr int kLeastComboHeight = 26; ///< in pixels: what a finger still hits
 
 /// Tables and charts have a frame of their own, and square corners.
@@ -257,7 +258,8 @@ void CharacteristicsCurvePage::initStyle()
 {
     UiScale::applyExpandingPage(this);
     if (m_style.sheetsAreDue(this)) {
-        const int comboHeight = qMax(UiScale::formRowHeight(this), kLeastComboHeight);
+        const int textHeight = UiScale::lineHeight(UiScale::contentFont(this, kContentFontPoints));
+        const int comboHeight = qMax(textHeight + kComboMargin, kLeastComboHeight);
         const QString sheet = detailTabStyleSheet() + QLatin1String(kPaneSheet) + QLatin1String(kTextSheet) +
                               ioPageComboBoxStyleSheet(this, comboHeight);
         setStyleSheetOnce(m_tabWidget, UiScale::scaleStylesheet(sheet, this));

@@ -24,6 +24,7 @@ constexpr int kYLabelLeft = 10;   ///< where y labels begin, from the left edge
 constexpr int kYLabelDrop = 10;   ///< of the baseline of a y label below its tick
 constexpr int kXCaptionLead = 30; ///< by which the x caption begins before the frame's right edge
 constexpr QPoint kYCaption(45, 15);
+constexpr int kCaptionPoints = 10;
 constexpr int kLabelGap = 3; ///< least distance of labels that can be told apart
 
 constexpr int kPointRadius = 3;
@@ -39,10 +40,12 @@ constexpr int kMostPolylinePoints = 10;
 constexpr double kPointsPerInch = 72;
 constexpr double kMetresPerInch = 0.0254;
 
-QFont captionFont()
+/// 10 points; fewer on a screen so dense that they would be higher than the room above the frame.
+QFont captionFont(int dpi)
 {
+    const int points = qBound(1, static_cast<int>(kYCaption.y() * kPointsPerInch / dpi), kCaptionPoints);
     // The name as a copy on the heap: Qt's font cache keeps it beyond the life of this library.
-    QFont font(QString::fromLatin1("Arial"), 10);
+    QFont font(QString::fromLatin1("Arial"), points);
     font.resolve(QFont::AllPropertiesResolved); // nothing of it is left to the painter's font before
     return font;
 }
@@ -200,7 +203,7 @@ void CustomChart::paintFace(QPainter* painter, const ChartGeometry& geometry) co
         return;
     }
     paintAxes(painter, geometry);
-    painter->setFont(captionFont());
+    painter->setFont(captionFont(logicalDpiY()));
     painter->drawText(QPoint(geometry.right() - kXCaptionLead, geometry.bottom() + kXBaseline), m_xCaption);
     painter->drawText(kYCaption, m_yCaption);
 }

@@ -25,10 +25,10 @@ using curvetable::PhysicalValue;
 
 constexpr int kTickFontPoints = 9;
 constexpr QSize kLeastChart(380, 259);
-constexpr int kMargin = 8;          ///< between the parts of a tab, in pixels
-constexpr int kTitleMargin = 14;    ///< above and below a column's title together, in pixels
-constexpr int kPortCharacters = 14; ///< of a port's name, as in "AO_LaserPower"
-constexpr int kTitleSides = 16;     ///< left and right of a column's title together, in pixels
+constexpr int kMargin = 8;                      ///< between the parts of a tab, in pixels
+constexpr int kTitleMargin = 14;                ///< above and below a column's title together, in pixels
+constexpr char kWidestPort[] = "AO_LaserPower"; ///< of the names of ports that are shown whole
+constexpr int kTitleSides = 16;                 ///< left and right of a column's title together, in pixels
 
 /// %1 points, %2 family.
 constexpr char kTickSheet[] = R"(font:400 %1pt "%2";)";
@@ -99,9 +99,13 @@ void layOut(const CurveTab& tab)
     counts->addWidget(new QLabel(QCoreApplication::translate("CharacteristicsCurvePage", "Node Number:")));
     counts->addWidget(tab.nodeCount);
     counts->addStretch();
+    auto* nodes = new QVBoxLayout;
+    nodes->setSpacing(kMargin);
+    nodes->addLayout(counts);
+    nodes->addWidget(tab.table);
     auto* curve = new QHBoxLayout;
     curve->setSpacing(kMargin);
-    curve->addWidget(tab.table);
+    curve->addLayout(nodes);
     curve->addWidget(tab.chart, 1);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(kMargin);
@@ -112,7 +116,6 @@ void layOut(const CurveTab& tab)
     auto* all = new QVBoxLayout(tab.page);
     all->setContentsMargins(0, kMargin, 0, 0);
     all->setSpacing(kMargin);
-    all->addLayout(counts);
     all->addLayout(curve, 1);
     all->addLayout(buttons);
 }
@@ -171,7 +174,7 @@ void CurveTab::present(int rowHeight) const
     table->verticalHeader()->setMinimumSectionSize(rowHeight);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     const int numberWidth = header->sectionSizeHint(NodeNumber);
-    const int portWidth = QFontMetrics(font).averageCharWidth() * kPortCharacters + kTitleSides;
+    const int portWidth = QFontMetrics(font).horizontalAdvance(QLatin1String(kWidestPort)) + kTitleSides;
     const int valueWidth = std::max(header->sectionSizeHint(PhysicalValue), portWidth);
     table->setColumnWidth(NodeNumber, numberWidth);
     table->setFixedWidth(numberWidth + 2 * valueWidth + 2 * table->frameWidth() +
