@@ -25,7 +25,7 @@ constexpr int kLeastComboHeight = 26; ///< in pixels: what a finger still hits
 /// Tables and charts have a frame of their own, and square corners.
 constexpr char kPaneSheet[] = "QTabWidget::pane{border:none;border-radius:0px;}";
 
-constexpr char kTextSheet[] = R"(QLabel{color:#202020;})"
+constexpr char kTextSheet[] = R"(QLabel{color:#202020;}QLabel:disabled{color:#757575;})"
                               R"(QLabel,QTableWidget,QHeaderView,QSpinBox,QDoubleSpinBox{)"
                               R"(font:400 10pt "Microsoft YaHei UI";})"
                               R"(QSpinBox,QDoubleSpinBox{margin:3px 6px;border:1px solid #c8c8c8;border-radius:4px;)"
@@ -247,6 +247,16 @@ QJsonObject CharacteristicsCurvePage::saveCurveDutycycleConfigToJson()
 void CharacteristicsCurvePage::setCurveTableCellWidgetsEnabled(QTableWidget* table, bool enabled)
 {
     curvetable::setCellWidgetsEnabled(table, enabled);
+}
+
+void CharacteristicsCurvePage::showPorts(const QJsonObject& mapping)
+{
+    for (const CurveTab& tab : m_tabs) {
+        const bool isInUse = isAssigned(*tab.curve, mapping);
+        tab.page->setEnabled(isInUse);
+        const QString port = mapping.value(QLatin1String(tab.curve->portKey)).toString();
+        resetTableHeaderText(tab.table, isInUse ? port : tr("Not configured"));
+    }
 }
 
 void CharacteristicsCurvePage::resetTableHeaderText(QTableWidget* table, const QString& text)

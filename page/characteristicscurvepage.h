@@ -132,7 +132,7 @@ private:
     bool mayChange();
     void applyAccess(PageAccess access);
     bool isWeldingOn() const;
-
+    void showPorts(const QJsonObject& mapping);
     void load(const CurveTab& tab, const StoredCurve& stored);
     void draw(QTableWidget* table, CustomChart* chart, const QList<QPointF>& nodes, const CurveLine& line);
     const CurveSpec& curveOf(const QTableWidget* table) const;

@@ -72,15 +72,8 @@ void CharacteristicsCurvePage::initTableHeaderText()
 {
     const Business::Watch watch = m_business.watch();
     const QJsonValue config = controller::readNode(QLatin1String(names::node::kWeldIo));
-    if (!watch.ownerLives() || !config.isObject()) {
-        return;
-    }
-    const QJsonObject mapping = config.toObject();
-    for (const CurveTab& tab : m_tabs) {
-        const bool isInUse = isAssigned(*tab.curve, mapping);
-        tab.page->setEnabled(isInUse);
-        resetTableHeaderText(tab.table, isInUse ? mapping.value(QLatin1String(tab.curve->portKey)).toString()
-                                                : tr("Not configured"));
+    if (watch.ownerLives() && config.isObject()) {
+        showPorts(config.toObject());
     }
 }
 

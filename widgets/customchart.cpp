@@ -203,8 +203,11 @@ void CustomChart::paintFace(QPainter* painter, const ChartGeometry& geometry) co
         return;
     }
     paintAxes(painter, geometry);
-    painter->setFont(captionFont(logicalDpiY()));
-    painter->drawText(QPoint(geometry.right() - kXCaptionLead, geometry.bottom() + kXBaseline), m_xCaption);
+    const QFont font = captionFont(logicalDpiY());
+    painter->setFont(font);
+    const QPoint xCaption(geometry.right() - kXCaptionLead, geometry.bottom() + kXBaseline);
+    const QFontMetrics metrics(font, this);
+    painter->drawText(xCaption, metrics.elidedText(m_xCaption, Qt::ElideRight, width() - xCaption.x()));
     painter->drawText(kYCaption, m_yCaption);
 }
 

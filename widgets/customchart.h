@@ -30,6 +30,7 @@ public:
     void setLine(const double& slope, const double& intercept);
     bool hasLine() const { return m_hasLine; } ///< Whether a line was ever set.
 
+    /// The x caption is cut short, with three dots, at the right edge.
     void setTips(const QString& xCaption, const QString& yCaption);
 
     /// The nodes, in the units of the axes.

@@ -19,7 +19,6 @@ FOLDERS = ("common/", "page/", "plugin/", "rl/", "widgets/", "mirolt/")
 TELLS = re.compile(r"\b(?:tellOperator|report\w+|ThrowLog)\(")
 LITERAL = r'"(?:\\.|[^"\\\n])*"'
 TRANSLATED = re.compile(rf"\b(?:tr\(|translate\([^,()]+,)\s*((?:{LITERAL}\s*)+)")
-CAPTIONS = {"Not configured"}  # shown, never told
 
 texts = set()
 for name in project_files(".cpp"):
@@ -27,6 +26,6 @@ for name in project_files(".cpp"):
     if TELLS.search(code):
         for match in TRANSLATED.finditer(code):
             text = "".join(json.loads(part) for part in re.findall(LITERAL, match[1]))
-            if not text[0].islower() and text not in CAPTIONS:
+            if not text[0].islower():
                 texts.add(text)
 print(*(f"offered message {text}" for text in sorted(texts)), sep="\n")
