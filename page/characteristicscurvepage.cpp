@@ -28,8 +28,8 @@ constexpr char kPaneSheet[] = "QTabWidget::pane{border:none;border-radius:0px;}"
 constexpr char kTextSheet[] = R"(QLabel{color:#202020;}QLabel:disabled{color:#757575;})"
                               R"(QLabel,QTableWidget,QHeaderView,QSpinBox,QDoubleSpinBox{)"
                               R"(font:400 10pt "Microsoft YaHei UI";})"
-                              R"(QSpinBox,QDoubleSpinBox{margin:3px 6px;border:1px solid #c8c8c8;border-radius:4px;)"
-                              R"(background:#ffffff;color:#202020;})"
+                              R"(QSpinBox,QDoubleSpinBox{border:none;background:#ffffff;color:#202020;})"
+                              R"(QSpinBox:focus,QDoubleSpinBox:focus{background:#e3effb;})"
                               R"(QSpinBox:disabled,QDoubleSpinBox:disabled{background:#f5f5f5;color:#6b6b6b;})";
 
 enum Tab { Power, Feed, Frequency, DutyCycle };
