@@ -234,6 +234,11 @@ void TestCharacteristicsCurvePage::drawn()
     shown.host.answers[kCompute] = answer;
     Paints paints;
     CustomChart* chart = shown.chart(curve);
+    shown.host.onCall = [&](const QString& call) {
+        if (call == "command") { // what is entered while it is computed is not drawn
+            shown.page.populateTable(shown.table(curve), 2, {{1, 1}, {2, 2}});
+        }
+    };
     chart->installEventFilter(&paints);
     shown.press(curve.compute);
     QTRY_VERIFY(paints.count > 0);
@@ -377,6 +382,15 @@ void TestCharacteristicsCurvePage::fitsTheScreen()
     shown.page.resize(shown.page.minimumSizeHint());
     QTest::qWait(1);
     QVERIFY(shown.chart()->width() >= 380 && shown.chart()->height() >= 259);
+    // Five digits are written smaller while there is little room for them.
+    const CustomChart* chart = shown.chart(kCurves[3]);
+    shown.open(kCurves[3]);
+    shown.press(kCurves[3].compute);
+    QTest::qWait(1);
+    QVERIFY(chart->font().pointSize() < 9);
+    shown.page.resize(1400, 640);
+    QTest::qWait(1);
+    QCOMPARE(chart->font().pointSize(), 9);
 }
 
 QTEST_MAIN(TestCharacteristicsCurvePage)

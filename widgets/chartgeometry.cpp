@@ -27,9 +27,9 @@ QVector<ChartGeometry::Tick> ticksOf(const ChartAxis& axis, double pixelsPerUnit
         if (ticks.isEmpty() || ticks.constLast().position != distance) {
             ticks.append({axis.minimum + k * axis.step, distance});
         }
-        // Where ticks are closer than pixels, those that would fall on a pixel once more are left out.
+        // Where ticks are closer than pixels, those that would fall on this pixel once more are left out.
         const auto onNextPixel = static_cast<qint64>(std::ceil((distance + 0.5) / pitch));
-        next = pitch < 1 ? std::max(k + 1, onNextPixel) : k + 1;
+        next = std::max(k + 1, onNextPixel);
     }
     return ticks;
 }
