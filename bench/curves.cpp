@@ -4,6 +4,7 @@
 #include "bench/pageshow.h"
 #include "common/names.h"
 #include "page/characteristicscurvepage.h"
+#include "page/curves/curvetab.h"
 #include "page/curves/curvetable.h"
 #include "tests/fakehost.h"
 #include "widgets/customchart.h"
@@ -21,8 +22,7 @@ namespace
 {
 
 constexpr QSize kChartSize(550, 467); ///< what the page leaves to a chart, in pixels
-constexpr int kTickFontPoints = 9;
-constexpr int kCharts = 20; ///< that are constructed for one sample
+constexpr int kCharts = 20;           ///< that are constructed for one sample
 
 /// Ten nodes of a power curve, and the line through them, each value moved by as much. All such curves have the same
 /// limits.

@@ -25,14 +25,13 @@ constexpr int kLeastComboHeight = 26; ///< in pixels: what a finger still hits
 /// Tables and charts have a frame of their own, and square corners.
 constexpr char kPaneSheet[] = "QTabWidget::pane{border:none;border-radius:0px;}";
 
+/// White is what can be edited. Cells have no frame: a row at a small zoom has no room for one.
 constexpr char kTextSheet[] = R"(QLabel{color:#202020;}QLabel:disabled{color:#757575;})"
                               R"(QLabel,QTableWidget,QHeaderView,QSpinBox,QDoubleSpinBox{)"
                               R"(font:400 10pt "Microsoft YaHei UI";})"
                               R"(QSpinBox,QDoubleSpinBox{border:none;background:#ffffff;color:#202020;})"
                               R"(QSpinBox:focus,QDoubleSpinBox:focus{background:#e3effb;})"
                               R"(QSpinBox:disabled,QDoubleSpinBox:disabled{background:#f5f5f5;color:#6b6b6b;})";
-
-enum Tab { Power, Feed, Frequency, DutyCycle };
 
 } // namespace
 
@@ -52,8 +51,8 @@ CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage,
 void CharacteristicsCurvePage::initTabWidget()
 {
     for (const CurveSpec& curve : kCurveSpecs) {
-        m_tabs.push_back(addCurveTab(m_tabWidget, curve));
-        populateTable(m_tabs.back().table, kFewestNodes, {});
+        m_tabs.append(addCurveTab(m_tabWidget, curve));
+        populateTable(m_tabs.constLast().table, kFewestNodes, {});
     }
 }
 
@@ -169,19 +168,14 @@ void CharacteristicsCurvePage::draw(QTableWidget* table, CustomChart* chart, con
     chart->update();
 }
 
-QJsonObject CharacteristicsCurvePage::members(int tab)
+QJsonObject CharacteristicsCurvePage::members(Tab tab) const
 {
-    return curveMembers(kCurveSpecs[tab], curvetable::nodes(m_tabs.at(static_cast<std::size_t>(tab)).table));
+    return curveMembers(kCurveSpecs[tab], curvetable::nodes(m_tabs.at(tab).table));
 }
 
-QJsonObject CharacteristicsCurvePage::computeCommand(int tab)
+QJsonObject CharacteristicsCurvePage::command(const names::command::Command& command, Tab tab) const
 {
-    return {{QLatin1String(names::command::kComputeCurve), members(tab)}};
-}
-
-QJsonObject CharacteristicsCurvePage::saveCommand(int tab)
-{
-    return {{QLatin1String(*kCurveSpecs[tab].save), members(tab)}};
+    return curveCommand(command, kCurveSpecs[tab], curvetable::nodes(m_tabs.at(tab).table));
 }
 
 QJsonObject CharacteristicsCurvePage::saveWeldCurvePowerConfigToJson()
@@ -206,42 +200,42 @@ QJsonObject CharacteristicsCurvePage::saveWeldCurveDutycycleConfigToJson()
 
 QJsonObject CharacteristicsCurvePage::computePowerCurveToJson()
 {
-    return computeCommand(Power);
+    return command(names::command::kComputeCurve, Power);
 }
 
 QJsonObject CharacteristicsCurvePage::computeFeedCurveToJson()
 {
-    return computeCommand(Feed);
+    return command(names::command::kComputeCurve, Feed);
 }
 
 QJsonObject CharacteristicsCurvePage::computeFrequencyCurveToJson()
 {
-    return computeCommand(Frequency);
+    return command(names::command::kComputeCurve, Frequency);
 }
 
 QJsonObject CharacteristicsCurvePage::computeDutycycleCurveToJson()
 {
-    return computeCommand(DutyCycle);
+    return command(names::command::kComputeCurve, DutyCycle);
 }
 
 QJsonObject CharacteristicsCurvePage::saveCurvePowerConfigToJson()
 {
-    return saveCommand(Power);
+    return command(*kCurveSpecs[Power].save, Power);
 }
 
 QJsonObject CharacteristicsCurvePage::saveCurveFeedConfigToJson()
 {
-    return saveCommand(Feed);
+    return command(*kCurveSpecs[Feed].save, Feed);
 }
 
 QJsonObject CharacteristicsCurvePage::saveCurveFrequencyConfigToJson()
 {
-    return saveCommand(Frequency);
+    return command(*kCurveSpecs[Frequency].save, Frequency);
 }
 
 QJsonObject CharacteristicsCurvePage::saveCurveDutycycleConfigToJson()
 {
-    return saveCommand(DutyCycle);
+    return command(*kCurveSpecs[DutyCycle].save, DutyCycle);
 }
 
 void CharacteristicsCurvePage::setCurveTableCellWidgetsEnabled(QTableWidget* table, bool enabled)
@@ -283,7 +277,7 @@ void CharacteristicsCurvePage::initStyle()
     if (m_style.sizesAreDue(this)) {
         const int rowHeight = UiScale::tableRowHeight(this);
         for (const CurveTab& tab : m_tabs) {
-            tab.present(rowHeight);
+            tab.fitTo(rowHeight);
             fitTickFont(tab.chart);
         }
     }

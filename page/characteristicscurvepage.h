@@ -13,18 +13,18 @@
 #include <QList>
 #include <QPointF>
 #include <QPointer>
+#include <QVector>
 #include <QWidget>
 
 #include <optional>
-#include <vector>
 
 class QTabWidget;
 
 /// The characteristic curves page: relates what is written to an output port to the laser power, wire feed speed, PWM
-/// frequency or PWM duty cycle that it produces. Two to ten nodes for each curve are entered in a table, the
-/// controller computes the straight line through them, the page draws both and stores the nodes in the controller node
-/// "weld_curve_config". A curve whose output is not assigned in the I/O mapping is closed. While welding is on, or
-/// while the operator's level is 2 or lower, nothing can be edited, computed or saved.
+/// frequency or PWM duty cycle that it produces. The operator enters two to ten nodes of each curve, the controller
+/// computes the straight line through them, the page draws both and stores the nodes in the node "weld_curve_config".
+/// A curve whose output is not assigned in the I/O mapping is closed. While welding is on, or while the operator's
+/// level is 2 or lower, nothing can be edited, computed or saved.
 class CharacteristicsCurvePage : public QWidget
 {
     Q_OBJECT
@@ -92,8 +92,7 @@ public:
     void setCurveTabEditable(int tab, bool editable);
     void setCurveTableCellWidgetsEnabled(QTableWidget* table, bool enabled);
 
-    /// Enables what the operator may change now. Asks the host.
-    void applyCurvePageOperateStatus();
+    void applyCurvePageOperateStatus(); ///< Enables what the operator may change now. Asks the host.
 
     /// Heads the port values of each curve with its port, and closes the curves without one. Asks the host.
     void initTableHeaderText();
@@ -112,6 +111,7 @@ protected:
 
 private:
     using Fields = PageBusiness::Fields;
+    enum Tab { Power, Feed, Frequency, DutyCycle };
 
     void initTabWidget();
     void initConnect();
@@ -123,7 +123,7 @@ private:
     bool computeDrawnAgain(const Business::Turn& turn);
     std::optional<QList<QPointF>> validNodes(QTableWidget* table);
     bool computeAndDraw(const CurveTab& tab, const QList<QPointF>& nodes);
-    bool computeTable(const CurveTab& tab);
+    bool computeEntered(const CurveTab& tab);
     void computeNow(const CurveTab& tab);
     void compute(const CurveTab& tab);
     void save(const CurveTab& tab);
@@ -135,14 +135,14 @@ private:
     void showPorts(const QJsonObject& mapping);
     void load(const CurveTab& tab, const StoredCurve& stored);
     void draw(QTableWidget* table, CustomChart* chart, const QList<QPointF>& nodes, const CurveLine& line);
+    const CurveTab* tabAt(int tab) const;
     const CurveSpec& curveOf(const QTableWidget* table) const;
-    QJsonObject members(int tab);
-    QJsonObject computeCommand(int tab);
-    QJsonObject saveCommand(int tab);
+    QJsonObject members(Tab tab) const;
+    QJsonObject command(const names::command::Command& command, Tab tab) const;
 
     QTabWidget* m_tabWidget;
     QPointer<WeldSettingPage> m_settingPage;
-    std::vector<CurveTab> m_tabs;
+    QVector<CurveTab> m_tabs; ///< in the order of Tab
     StyleSteps m_style;
     PageBusiness m_business;
 };

@@ -60,9 +60,9 @@ bool CharacteristicsCurvePage::loadFromController(const Business::Turn& turn)
 /// Has every line that was drawn computed again. False if the page has gone meanwhile.
 bool CharacteristicsCurvePage::computeDrawnAgain(const Business::Turn& turn)
 {
-    for (std::size_t i = 0; turn.ownerLives() && i < m_tabs.size(); ++i) {
-        if (m_tabs[i].chart->hasLine()) {
-            computeTable(m_tabs[i]);
+    for (int i = 0; turn.ownerLives() && i < m_tabs.size(); ++i) {
+        if (m_tabs.at(i).chart->hasLine()) {
+            computeEntered(m_tabs.at(i));
         }
     }
     return turn.ownerLives();
@@ -77,13 +77,18 @@ void CharacteristicsCurvePage::initTableHeaderText()
     }
 }
 
+const CurveTab* CharacteristicsCurvePage::tabAt(int tab) const
+{
+    return tab >= 0 && tab < m_tabs.size() ? &m_tabs.at(tab) : nullptr;
+}
+
 bool CharacteristicsCurvePage::isCurveTabIoConfigured(int tab) const
 {
-    const auto index = static_cast<std::size_t>(tab);
-    if (tab < 0 || index >= m_tabs.size()) {
+    const CurveTab* shown = tabAt(tab);
+    if (shown == nullptr) {
         return false;
     }
-    const CurveSpec& curve = *m_tabs[index].curve;
+    const CurveSpec& curve = *shown->curve;
     const QJsonValue config = controller::readNode(QLatin1String(names::node::kWeldIo));
     return config.isObject() && isAssigned(curve, config.toObject());
 }
@@ -92,8 +97,9 @@ void CharacteristicsCurvePage::setCurveTabEditable(int tab, bool editable)
 {
     const Business::Watch watch = m_business.watch();
     const bool isInUse = isCurveTabIoConfigured(tab);
-    if (watch.ownerLives() && tab >= 0 && static_cast<std::size_t>(tab) < m_tabs.size()) {
-        m_tabs[static_cast<std::size_t>(tab)].show(isInUse, editable);
+    const CurveTab* shown = watch.ownerLives() ? tabAt(tab) : nullptr;
+    if (shown != nullptr) {
+        shown->setAccess(isInUse, editable);
     }
 }
 
@@ -120,7 +126,7 @@ void CharacteristicsCurvePage::applyAccess(PageAccess access)
     }
     const bool isEditable = !isWeldingOn(); // as it stands after the host was asked
     for (const CurveTab& tab : m_tabs) {
-        tab.show(config.isObject() && isAssigned(*tab.curve, config.toObject()), isEditable);
+        tab.setAccess(config.isObject() && isAssigned(*tab.curve, config.toObject()), isEditable);
     }
 }
 
@@ -170,8 +176,8 @@ std::optional<QList<QPointF>> CharacteristicsCurvePage::validNodes(QTableWidget*
 bool CharacteristicsCurvePage::computeAndDraw(const CurveTab& tab, const QList<QPointF>& nodes)
 {
     const Business::Watch watch = m_business.watch();
-    const QJsonArray result = controller::sendCommand(
-        this, {{QLatin1String(names::command::kComputeCurve), curveMembers(*tab.curve, nodes)}});
+    const QJsonArray result =
+        controller::sendCommand(this, curveCommand(names::command::kComputeCurve, *tab.curve, nodes));
     if (!watch.ownerLives()) {
         return false;
     }
@@ -182,7 +188,7 @@ bool CharacteristicsCurvePage::computeAndDraw(const CurveTab& tab, const QList<Q
 }
 
 /// The same with what a table holds. False if the page has gone meanwhile, or if the nodes break a rule.
-bool CharacteristicsCurvePage::computeTable(const CurveTab& tab)
+bool CharacteristicsCurvePage::computeEntered(const CurveTab& tab)
 {
     const auto nodes = validNodes(tab.table);
     return nodes && computeAndDraw(tab, *nodes);
@@ -191,36 +197,36 @@ bool CharacteristicsCurvePage::computeTable(const CurveTab& tab)
 void CharacteristicsCurvePage::computeNow(const CurveTab& tab)
 {
     conduct([this, &tab](const Business::Turn& /*turn*/) {
-        computeTable(tab);
+        computeEntered(tab);
         return Fields::Reread;
     });
 }
 
 void CharacteristicsCurvePage::computeDrawPowerChart()
 {
-    computeNow(m_tabs[0]);
+    computeNow(m_tabs.at(Power));
 }
 
 void CharacteristicsCurvePage::computeDrawFeedspeedChart()
 {
-    computeNow(m_tabs[1]);
+    computeNow(m_tabs.at(Feed));
 }
 
 void CharacteristicsCurvePage::computeDrawFrequencyChart()
 {
-    computeNow(m_tabs[2]);
+    computeNow(m_tabs.at(Frequency));
 }
 
 void CharacteristicsCurvePage::computeDrawDutycycleChart()
 {
-    computeNow(m_tabs[3]);
+    computeNow(m_tabs.at(DutyCycle));
 }
 
 void CharacteristicsCurvePage::compute(const CurveTab& tab)
 {
     conduct([this, &tab](const Business::Turn& /*turn*/) {
         if (mayChange()) {
-            computeTable(tab);
+            computeEntered(tab);
         }
         return Fields::Reread;
     });
@@ -242,7 +248,7 @@ CharacteristicsCurvePage::Fields CharacteristicsCurvePage::saveNow(const CurveTa
         return Fields::Keep;
     }
     const QString command = QLatin1String(*tab.curve->save);
-    const QJsonArray result = controller::sendCommand(this, {{command, curveMembers(*tab.curve, *nodes)}});
+    const QJsonArray result = controller::sendCommand(this, curveCommand(*tab.curve->save, *tab.curve, *nodes));
     if (turn.ownerLives()) {
         checkSaveResult(result, command);
     }
@@ -262,7 +268,7 @@ void CharacteristicsCurvePage::cancel(const CurveTab& tab)
     conduct([this, &tab](const Business::Turn& turn) {
         if (loadFromController(turn)) {
             if (tab.chart->hasLine()) {
-                computeTable(tab);
+                computeEntered(tab);
             }
             if (turn.ownerLives()) {
                 tellOperator(pendix::information, tr("Cancel successful"));

@@ -135,6 +135,7 @@ void opensCurves(Tour& tour)
 {
     openPage(tour, "Char. Curve", "Characteristic curves");
     tour.click(QStringLiteral("pushButton_compute")); // so that the picture shows a line
+    tour.expectCommands({QStringLiteral("compute_curve_config")});
 }
 
 void opensWeldData(Tour& tour)

@@ -52,7 +52,6 @@ private slots:
     void loaded_data();
     void loaded();
     void cellsWithoutSpinBoxes();
-    void drawn_data();
     void drawn();
     void shown();
     void closed_data();
@@ -149,27 +148,15 @@ void TestCharacteristicsCurvePage::loaded_data()
     QTest::newRow("fewer nodes") << R"({"laser_power_node":3,"power_nodes_data":[[1,2.9]]})"
                                  << "1:1.00/2 2:0.00/0 3:0.00/0"
                                  << "3";
-    QTest::newRow("more nodes") << R"({"laser_power_node":2,"power_nodes_data":[[1,2],[3,4],[5,6]]})"
-                                << "1:1.00/2 2:3.00/4"
-                                << "2";
-    QTest::newRow("no pairs") << R"({"laser_power_node":2,"power_nodes_data":[[1,"2"],[3,4]]})"
-                              << "1:3.00/4 2:0.00/0"
-                              << "2";
     QTest::newRow("count alone") << R"({"laser_power_node":3})" << zeros << "3";
     QTest::newRow("the same count alone") << R"({"laser_power_node":2})" << before << "2";
     QTest::newRow("nodes no array") << R"({"laser_power_node":3,"power_nodes_data":{}})" << zeros << "3";
     QTest::newRow("nodes alone") << R"({"power_nodes_data":[[1,2],[3,4]]})"
                                  << ""
                                  << "2";
-    QTest::newRow("one") << R"({"laser_power_node":1,"power_nodes_data":[[1,2],[3,4]]})"
-                         << "1:1.00/2"
-                         << "2";
     QTest::newRow("too many") << R"({"laser_power_node":1000000000,"power_nodes_data":[[1,2]]})"
                               << "1:1.00/2 2:0.00/0 3:0.00/0 4:0.00/0 5:0.00/0 6:0.00/0 7:0.00/0 8:0.00/0 9:0.00/0 "
                                  "10:0.00/0"
-                              << "2";
-    QTest::newRow("negative") << R"({"laser_power_node":-3,"power_nodes_data":[[1,2]]})"
-                              << ""
                               << "2";
 }
 
@@ -194,6 +181,8 @@ void TestCharacteristicsCurvePage::cellsWithoutSpinBoxes()
     QList<QPointF> points{{9, 9}};
     shown.page.readTableToPoints(shown.table(), points);
     QCOMPARE(points, QList<QPointF>({{0, 0}, {11.5, 12.5}, {20, 3000}}));
+    QCOMPARE(shown.page.saveWeldCurvePowerConfigToJson().value("power_nodes_data").toArray()[1].toArray()[1],
+             QJsonValue(12));
     QVERIFY(!shown.page.validateTableData(shown.table()));
     QVERIFY(shown.host.messages.isEmpty());
     shown.page.populateTable(shown.table(), 2, {{1, 2}, {3, 4}});
@@ -208,53 +197,40 @@ void TestCharacteristicsCurvePage::cellsWithoutSpinBoxes()
     QCOMPARE(others.horizontalHeaderItem(1)->text(), QString("AO1"));
 }
 
-void TestCharacteristicsCurvePage::drawn_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QJsonArray>("answer");
-    QTest::addColumn<double>("slope");
-    QTest::addColumn<double>("intercept");
-    for (int i = 0; i < 4; ++i) {
-        QTest::newRow(kCurves[i].title) << i << lineAnswer(0.5, 20) << 0.5 << 20.0;
-    }
-    QTest::newRow("no answer") << 0 << QJsonArray() << 0.0 << 0.0;
-    QTest::newRow("two elements") << 0 << lineAnswer(1, 1) + lineAnswer(100, 7)[0] << 100.0 << 7.0;
-}
-
 /// The chart has the nodes, the line and a range that fits them, as one that was given just that.
 void TestCharacteristicsCurvePage::drawn()
 {
-    QFETCH(int, index);
-    const Curve& curve = kCurves[index];
     Shown shown;
-    shown.open(curve);
-    shown.press(curve.compute); // another line than the one that is judged
-    QTest::qWait(1);
-    QFETCH(QJsonArray, answer);
-    shown.host.answers[kCompute] = answer;
-    Paints paints;
-    CustomChart* chart = shown.chart(curve);
-    shown.host.onCall = [&](const QString& call) {
-        if (call == "command") { // what is entered while it is computed is not drawn
-            shown.page.populateTable(shown.table(curve), 2, {{1, 1}, {2, 2}});
+    for (const bool isAnswered : {true, false}) { // without an answer the line before it goes, too
+        shown.host.answers[kCompute] = isAnswered ? lineAnswer(0.5, 20) : QJsonArray();
+        for (const Curve& curve : kCurves) {
+            shown.open(curve);
+            shown.showAgain();
+            QTest::qWait(1);
+            shown.host.onCall = [&](const QString& call) {
+                if (call == "command") { // what is entered while it is computed is not drawn
+                    shown.page.populateTable(shown.table(curve), 2, {{1, 1}, {2, 2}});
+                }
+            };
+            Paints paints;
+            CustomChart* chart = shown.chart(curve);
+            chart->installEventFilter(&paints);
+            shown.press(curve.compute);
+            shown.host.onCall = nullptr;
+            QTRY_VERIFY(paints.count > 0);
+            const QList<QPointF> nodes = nodesOf(storedNode().value(curve.nodesKey).toArray());
+            const auto [x, y] = limitsOf(nodes);
+            CustomChart expected;
+            expected.resize(chart->size());
+            expected.setFont(chart->font());
+            expected.setRange("", x.step, 0, x.maximum, "", y.step, y.minimum, y.maximum);
+            expected.setPoints(nodes);
+            expected.setLine(isAnswered ? 0.5 : 0, isAnswered ? 20 : 0);
+            expected.setTips(QString("AO_") + curve.stem, curve.caption);
+            QCOMPARE(chart->grab().toImage(), expected.grab().toImage());
         }
-    };
-    chart->installEventFilter(&paints);
-    shown.press(curve.compute);
-    QTRY_VERIFY(paints.count > 0);
+    }
     QVERIFY(shown.host.messages.isEmpty());
-    const QList<QPointF> nodes = nodesOf(storedNode().value(curve.nodesKey).toArray());
-    const CurveLimits limits = limitsOf(nodes);
-    CustomChart expected;
-    expected.resize(chart->size());
-    expected.setFont(chart->font());
-    expected.setRange("", limits.x.step, 0, limits.x.maximum, "", limits.y.step, limits.y.minimum, limits.y.maximum);
-    expected.setPoints(nodes);
-    QFETCH(double, slope);
-    QFETCH(double, intercept);
-    expected.setLine(slope, intercept);
-    expected.setTips(QString("AO_") + curve.stem, curve.caption);
-    QCOMPARE(chart->grab().toImage(), expected.grab().toImage());
 }
 
 /// The order of a show. Lines that were drawn are computed again, at any level.
@@ -328,10 +304,10 @@ void TestCharacteristicsCurvePage::closed()
     shown.host.nodes[kMapping] = ::mapping();
     shown.page.setCurveTabEditable(1, false);
     QVERIFY(page->isEnabled() && !shown.form.isEnabled(feed.save));
-    shown.page.initTableHeaderText();
-    QCOMPARE(shown.header(feed), QString("AO_wire_speed"));
-    QVERIFY(!shown.page.isCurveTabIoConfigured(4) && !shown.page.isCurveTabIoConfigured(-1));
-    shown.page.setCurveTabEditable(4, true);
+    for (const int none : {4, -1}) {
+        shown.page.setCurveTabEditable(none, true);
+        QVERIFY(!shown.page.isCurveTabIoConfigured(none));
+    }
 }
 
 void TestCharacteristicsCurvePage::editable()
@@ -377,11 +353,9 @@ void TestCharacteristicsCurvePage::fitsTheScreen()
     shown.counts()->setCurrentIndex(8);
     QTest::qWait(1);
     QVERIFY(shown.table()->viewport()->height() >= shown.table()->verticalHeader()->length());
-    QCOMPARE(shown.table()->rowHeight(9), 35);
     QVERIFY(shown.chart()->width() > 600 && shown.chart()->height() > 400);
     shown.page.resize(shown.page.minimumSizeHint());
     QTest::qWait(1);
-    QVERIFY(shown.chart()->width() >= 380 && shown.chart()->height() >= 259);
     // Five digits are written smaller while there is little room for them.
     const CustomChart* chart = shown.chart(kCurves[3]);
     shown.open(kCurves[3]);

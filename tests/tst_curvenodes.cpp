@@ -34,9 +34,6 @@ class TestCurveNodes : public QObject
 
 private slots:
     void stored();
-    void members();
-    void assigned_data();
-    void assigned();
     void fault_data();
     void fault();
     void line_data();
@@ -51,9 +48,7 @@ void TestCurveNodes::stored()
     QCOMPARE(words(nodesOf(array(R"([[1,2],[3,"4"],5,[6],[7,8,9],null,[10.5,11.9],[[1,2]],[true,1]])"))),
              QString("1|2|10.5|11.9"));
     const CurveSpec& feed = kCurveSpecs[1];
-    const auto count = [&feed](const QJsonValue& value) {
-        return storedCurve(feed, {{"laser_feed_node", value}}).count;
-    };
+    const auto count = [](const QJsonValue& value) { return storedCurve(feed, {{"laser_feed_node", value}}).count; };
     QCOMPARE(count(4), 4);
     for (const QJsonValue& other : {QJsonValue(4.5), QJsonValue("4"), QJsonValue(1e12), QJsonValue()}) {
         QCOMPARE(count(other), 0);
@@ -61,31 +56,6 @@ void TestCurveNodes::stored()
     QVERIFY(!storedCurve(feed, {{"laser_power_node", 3}, {"feed_nodes_data", 3}}).count);
     QVERIFY(!storedCurve(feed, {{"power_nodes_data", QJsonArray()}, {"feed_nodes_data", 3}}).nodes);
     QVERIFY(storedCurve(feed, {{"feed_nodes_data", QJsonArray()}}).nodes->isEmpty());
-}
-
-void TestCurveNodes::members()
-{
-    const QJsonObject sent = curveMembers(kCurveSpecs[0], {{0, 0}, {10.37, 1000.9}, {20, 1e12}});
-    QCOMPARE(QJsonDocument(sent).toJson(QJsonDocument::Compact),
-             QByteArray(R"({"laser_power_node":3,"power_nodes_data":[[0,0],[10.37,1000],[20,2147483647]]})"));
-}
-
-void TestCurveNodes::assigned_data()
-{
-    QTest::addColumn<QJsonObject>("mapping");
-    QTest::addColumn<bool>("isAssigned");
-    QTest::newRow("port") << QJsonObject{{"wire_speed_enabled", true}, {"wire_speed_port", "AO1"}} << true;
-    QTest::newRow("no port") << QJsonObject{{"wire_speed_enabled", true}} << true;
-    QTest::newRow("port null") << QJsonObject{{"wire_speed_enabled", true}, {"wire_speed_port", QJsonValue()}} << false;
-    QTest::newRow("off") << QJsonObject{{"wire_speed_enabled", false}, {"wire_speed_port", "AO1"}} << false;
-    QTest::newRow("1") << QJsonObject{{"wire_speed_enabled", 1}, {"wire_speed_port", "AO1"}} << false;
-    QTest::newRow("another's") << QJsonObject{{"power_enabled", true}, {"power_port", "AO1"}} << false;
-}
-
-void TestCurveNodes::assigned()
-{
-    QFETCH(QJsonObject, mapping);
-    QTEST(::isAssigned(kCurveSpecs[1], mapping), "isAssigned");
 }
 
 void TestCurveNodes::fault_data()

@@ -56,6 +56,11 @@ QJsonObject curveMembers(const CurveSpec& spec, const QList<QPointF>& nodes)
     return {{QLatin1String(spec.countKey), nodes.size()}, {QLatin1String(spec.nodesKey), pairs}};
 }
 
+QJsonObject curveCommand(const names::command::Command& command, const CurveSpec& spec, const QList<QPointF>& nodes)
+{
+    return {{QLatin1String(command), curveMembers(spec, nodes)}};
+}
+
 bool isAssigned(const CurveSpec& spec, const QJsonObject& mapping)
 {
     return mapping.value(QLatin1String(spec.enabledKey)).toBool() &&

@@ -29,6 +29,9 @@ StoredCurve storedCurve(const CurveSpec& spec, const QJsonObject& node);
 /// The two members of a curve in its commands: number of nodes and nodes, the physical values without their fractions.
 QJsonObject curveMembers(const CurveSpec& spec, const QList<QPointF>& nodes);
 
+/// A command with these members: {name: {...}}.
+QJsonObject curveCommand(const names::command::Command& command, const CurveSpec& spec, const QList<QPointF>& nodes);
+
 /// Whether the I/O mapping has the curve's output in use: its switch is true, and its port is not null.
 bool isAssigned(const CurveSpec& spec, const QJsonObject& mapping);
 

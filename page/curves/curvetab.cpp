@@ -22,12 +22,12 @@ namespace
 
 using curvetable::NodeNumber;
 using curvetable::PhysicalValue;
+using curvetable::PortValue;
 
-constexpr int kTickFontPoints = 9;
 constexpr QSize kLeastChart(380, 259);
 constexpr int kMargin = 8;                      ///< between the parts of a tab, in pixels
 constexpr int kTitleMargin = 14;                ///< above and below a column's title together, in pixels
-constexpr char kWidestPort[] = "AO_LaserPower"; ///< of the names of ports that are shown whole
+constexpr char kWidestPort[] = "AO_LaserPower"; ///< of the names of ports that are sure to be shown whole
 constexpr int kTitleSides = 16;                 ///< left and right of a column's title together, in pixels
 
 /// %1 points, %2 family.
@@ -65,8 +65,8 @@ QTableWidget* newTable(const CurveSpec& curve)
     table->verticalHeader()->hide();
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView* header = table->horizontalHeader();
-    header->setSectionResizeMode(QHeaderView::Stretch);
-    header->setSectionResizeMode(NodeNumber, QHeaderView::Fixed);
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(PortValue, QHeaderView::Stretch); // has the scroll bar's room while there is none
     header->setSectionsClickable(false);
     header->setHighlightSections(false);
     return table;
@@ -143,7 +143,7 @@ CurveTab addCurveTab(QTabWidget* tabs, const CurveSpec& curve)
     return tab;
 }
 
-void CurveTab::show(bool isInUse, bool isEditable) const
+void CurveTab::setAccess(bool isInUse, bool isEditable) const
 {
     if (!isInUse) {
         page->setEnabled(false);
@@ -163,7 +163,7 @@ void CurveTab::show(bool isInUse, bool isEditable) const
     }
 }
 
-void CurveTab::present(int rowHeight) const
+void CurveTab::fitTo(int rowHeight) const
 {
     const QFont font = UiScale::contentFont(table, kContentFontPoints);
     QHeaderView* header = table->horizontalHeader();
@@ -175,9 +175,10 @@ void CurveTab::present(int rowHeight) const
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     const int numberWidth = header->sectionSizeHint(NodeNumber);
     const int portWidth = QFontMetrics(font).horizontalAdvance(QLatin1String(kWidestPort)) + kTitleSides;
-    const int valueWidth = std::max(header->sectionSizeHint(PhysicalValue), portWidth);
+    const int valueWidth = header->sectionSizeHint(PhysicalValue);
     table->setColumnWidth(NodeNumber, numberWidth);
-    table->setFixedWidth(numberWidth + 2 * valueWidth + 2 * table->frameWidth() +
+    table->setColumnWidth(PhysicalValue, valueWidth);
+    table->setFixedWidth(numberWidth + portWidth + valueWidth + 2 * table->frameWidth() +
                          table->verticalScrollBar()->sizeHint().width());
 }
 

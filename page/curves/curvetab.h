@@ -3,8 +3,9 @@
 
 #include "page/curves/curvespecs.h"
 
-/// Design size of the texts on the page, in points.
+/// Design sizes of the texts on the page and of the tick labels, in points.
 constexpr int kContentFontPoints = 10;
+constexpr int kTickFontPoints = 9;
 
 class CustomChart;
 class ListComboBox;
@@ -25,13 +26,14 @@ struct CurveTab {
     QPushButton* saveButton = nullptr;
 
     /// Enables what can be seen and edited; a curve whose output is not in use is closed as a whole.
-    void show(bool isInUse, bool isEditable) const;
+    void setAccess(bool isInUse, bool isEditable) const;
 
     /// Font of the header, row heights in pixels, and column widths for the screen as it is now.
-    void present(int rowHeight) const;
+    void fitTo(int rowHeight) const;
 };
 
-/// Gives a chart the font in which its tick labels have room. The charts of the tabs do that whenever they are resized.
+/// Gives a chart the font in which its tick labels have room. The charts of the tabs do that whenever they are resized;
+/// who changes their range, or the screen, has it done.
 void fitTickFont(CustomChart* chart);
 
 /// Builds a curve's tab, without nodes, at the end of a tab widget.

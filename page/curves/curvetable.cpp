@@ -3,6 +3,7 @@
 #include "common/logline.h"
 #include "common/truncate.h"
 
+#include <QColor>
 #include <QDoubleSpinBox>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -16,6 +17,7 @@ namespace
 using namespace curvetable;
 
 constexpr double kPortStep = 0.01;
+constexpr QRgb kNotEditable = 0xf5f5f5; ///< the colour of cells that are disabled, too
 
 /// A spin box in a table that scrolls: the wheel moves the table, and never a value in passing.
 template <typename Box>
@@ -66,6 +68,7 @@ void showNode(QTableWidget* table, const ValueRange& values, int row, int nodeNu
         auto* number = new QTableWidgetItem;
         number->setTextAlignment(Qt::AlignCenter);
         number->setFlags(Qt::ItemIsEnabled);
+        number->setBackground(QColor(kNotEditable));
         table->setItem(row, NodeNumber, number);
     }
     table->item(row, NodeNumber)->setText(QString::number(nodeNumber));
