@@ -354,6 +354,9 @@ void TestCharacteristicsCurvePage::fitsTheScreen()
     QTest::qWait(1);
     QVERIFY(shown.table()->viewport()->height() >= shown.table()->verticalHeader()->length());
     QVERIFY(shown.chart()->width() > 600 && shown.chart()->height() > 400);
+    const QHeaderView* header = shown.table()->horizontalHeader();
+    QCOMPARE(header->length(), shown.table()->viewport()->width());
+    QCOMPARE(header->sectionSize(2), header->sectionSizeHint(2)); // no room that the chart could have
     shown.page.resize(shown.page.minimumSizeHint());
     QTest::qWait(1);
     // Five digits are written smaller while there is little room for them.
