@@ -104,7 +104,7 @@ void TestProgram::linesAreRecognised()
         {"MoveL(p1, v100);", "AnyMove"},
         {" MoveL(p1, v100);", "MoveL"},
         {" MoveLinear(p1, v100);", "AnyMove"},
-        {"", ""},
+        {" \t", ""},
         {"  // LaserOff", ""},
     };
     const Recogniser recogniser(registered());
