@@ -104,4 +104,13 @@ private:
     QJsonArray execute(QObject* sender, const QString& command, const QJsonValue& value);
 };
 
+/// A node, but for some members that are others or new.
+inline QJsonObject changed(QJsonObject node, const QJsonObject& changes)
+{
+    for (auto change = changes.begin(); change != changes.end(); ++change) {
+        node.insert(change.key(), change.value());
+    }
+    return node;
+}
+
 #endif

@@ -2,6 +2,7 @@
 #define TESTS_FORMDRIVER_H
 
 #include <QAbstractButton>
+#include <QShowEvent>
 #include <QTest>
 #include <QWidget>
 
@@ -40,5 +41,13 @@ public:
 private:
     QWidget* m_page;
 };
+
+/// The window system restores the page's window.
+inline void restore(QWidget* page)
+{
+    QShowEvent restored;
+    QSpontaneKeyEvent::setSpontaneous(&restored);
+    qApp->notify(page, &restored);
+}
 
 #endif

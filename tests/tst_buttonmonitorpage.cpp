@@ -7,8 +7,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(std::function<void(ButtonMonitorPage*)>)
-
 class TestButtonMonitorPage : public QObject
 {
     Q_OBJECT
@@ -16,9 +14,7 @@ class TestButtonMonitorPage : public QObject
 private slots:
     void showsRealMapsOnly();
     void isForLookingOnly();
-    void stopsOnceHoweverItIsClosed_data();
     void stopsOnceHoweverItIsClosed();
-    void stopsWhenItGoesUnclosed_data();
     void stopsWhenItGoesUnclosed();
 
 private:
@@ -75,74 +71,62 @@ void TestButtonMonitorPage::isForLookingOnly()
     QCOMPARE(page.minimumSize(), page.maximumSize());
 }
 
-void TestButtonMonitorPage::stopsOnceHoweverItIsClosed_data()
-{
-    QTest::addColumn<std::function<void(ButtonMonitorPage*)>>("closing");
-    using Closing = std::function<void(ButtonMonitorPage*)>;
-    QTest::newRow("escape") << Closing([](ButtonMonitorPage* page) { QTest::keyClick(page, Qt::Key_Escape); });
-    QTest::newRow("close button") << Closing([](ButtonMonitorPage* page) { page->close(); });
-    QTest::newRow("accepted, then closed") << Closing([](ButtonMonitorPage* page) {
-        page->accept();
-        page->reject();
-        page->close();
-    });
-}
-
 void TestButtonMonitorPage::stopsOnceHoweverItIsClosed()
 {
-    QFETCH(std::function<void(ButtonMonitorPage*)>, closing);
-    QPointer<ButtonMonitorPage> page = new ButtonMonitorPage(nullptr);
-    for (int opening = 0; opening < 2 && page != nullptr; ++opening) {
-        page->show();
-        m_host.forget();
-        closing(page);
-        const QVector<QPair<QString, QJsonValue>> stop{{"start_laserweld_monitor", false}};
-        QCOMPARE(m_host.commands, stop);
-        QCOMPARE(m_host.calls, QStringList({"disconnectVexaServiceData Corvane weld_monitor_data ''",
-                                            "changeModelWindowStatus Corvane false"}));
-        QCOMPARE(m_host.logs.last().items, QStringList({"[", "../corvane/page/buttonmonitorpage", ":", "49", "]",
-                                                        "ChangeModelWindowStatus false"}));
+    const std::function<void(ButtonMonitorPage*)> ways[] = {
+        [](ButtonMonitorPage* page) { QTest::keyClick(page, Qt::Key_Escape); },
+        [](ButtonMonitorPage* page) { page->close(); },
+        [](ButtonMonitorPage* page) {
+            page->accept();
+            page->reject();
+            page->close();
+        },
+    };
+    for (const auto& closing : ways) {
+        QPointer<ButtonMonitorPage> page = new ButtonMonitorPage(nullptr);
+        for (int opening = 0; opening < 2 && page != nullptr; ++opening) {
+            page->show();
+            m_host.forget();
+            closing(page);
+            const QVector<QPair<QString, QJsonValue>> stop{{"start_laserweld_monitor", false}};
+            QCOMPARE(m_host.commands, stop);
+            QCOMPARE(m_host.calls, QStringList({"disconnectVexaServiceData Corvane weld_monitor_data ''",
+                                                "changeModelWindowStatus Corvane false"}));
+            QCOMPARE(m_host.logs.last().items, QStringList({"[", "../corvane/page/buttonmonitorpage", ":", "49", "]",
+                                                            "ChangeModelWindowStatus false"}));
+        }
+        delete page;
     }
-    delete page;
-}
-
-void TestButtonMonitorPage::stopsWhenItGoesUnclosed_data()
-{
-    QTest::addColumn<std::function<void(ButtonMonitorPage*)>>("before");
-    QTest::addColumn<int>("stops");
-    using Before = std::function<void(ButtonMonitorPage*)>;
-    QTest::newRow("never shown") << Before([](ButtonMonitorPage*) {}) << 0;
-    QTest::newRow("shown") << Before([](ButtonMonitorPage* page) { page->show(); }) << 1;
-    QTest::newRow("hidden") << Before([](ButtonMonitorPage* page) {
-        page->show();
-        page->hide();
-    }) << 1;
-    QTest::newRow("reparented") << Before([](ButtonMonitorPage* page) {
-        page->show();
-        page->setParent(page->parentWidget());
-    }) << 1;
-    QTest::newRow("closed") << Before([](ButtonMonitorPage* page) {
-        page->show();
-        page->close();
-    }) << 0;
 }
 
 void TestButtonMonitorPage::stopsWhenItGoesUnclosed()
 {
-    QFETCH(std::function<void(ButtonMonitorPage*)>, before);
-    QFETCH(int, stops);
-    QWidget owner;
-    auto* page = new ButtonMonitorPage(&owner);
-    QSignalSpy finished(page, &QDialog::finished);
-    m_host.forget();
-    before(page);
-    QCOMPARE(m_host.commands.size(), finished.size());
-    m_host.forget();
-    finished.clear();
-    delete page;
-    QCOMPARE(m_host.commands.size(), stops);
-    QCOMPARE(m_host.calls.size(), 2 * stops);
-    QCOMPARE(finished.size(), 0);
+    const struct {
+        const char* name;
+        bool isShown;
+        std::function<void(ButtonMonitorPage*)> then;
+        int stops;
+    } rows[] = {
+        {"never shown", false, [](ButtonMonitorPage*) {}, 0},
+        {"shown", true, [](ButtonMonitorPage*) {}, 1},
+        {"hidden", true, [](ButtonMonitorPage* page) { page->hide(); }, 1},
+        {"reparented", true, [](ButtonMonitorPage* page) { page->setParent(page->parentWidget()); }, 1},
+        {"closed", true, [](ButtonMonitorPage* page) { page->close(); }, 0},
+    };
+    for (const auto& row : rows) {
+        QWidget owner;
+        auto* page = new ButtonMonitorPage(&owner);
+        QSignalSpy finished(page, &QDialog::finished);
+        m_host.forget();
+        page->setVisible(row.isShown);
+        row.then(page);
+        QCOMPARE(m_host.commands.size(), finished.size());
+        m_host.forget();
+        finished.clear();
+        delete page;
+        QVERIFY2(m_host.commands.size() == row.stops && m_host.calls.size() == 2 * row.stops, row.name);
+        QCOMPARE(finished.size(), 0);
+    }
 }
 
 QTEST_MAIN(TestButtonMonitorPage)

@@ -29,7 +29,6 @@ private slots:
     void firstFilledKeyCounts();
     void registerWarnings();
     void registerLength();
-    void accessors();
 };
 
 void TestMJson::naturalOrder()
@@ -175,17 +174,6 @@ void TestMJson::registerLength()
     QCOMPARE(mJson::GetRegisterLen("  ", 4), 4);
     host.registers = QJsonValue();
     QCOMPARE(mJson::GetRegisterLen("R4", 4), 4);
-}
-
-void TestMJson::accessors()
-{
-    const QJsonObject object{{"a", 1}, {"list", QJsonArray{1, 2}}, {"o", QJsonObject()}};
-    QCOMPARE(mJson::getSubValue(object, "a"), QJsonValue(1));
-    QVERIFY(mJson::getSubValue(QJsonArray(), "a").isNull());
-    QVERIFY(mJson::hasSubValue(object, "a") && !mJson::hasSubValue(object, "b") && !mJson::hasSubValue(3, "a"));
-    QCOMPARE(mJson::getSubArray(object, "list").size(), 2);
-    QVERIFY(mJson::getSubArray(object, "o").isEmpty());
-    QVERIFY(mJson::hasSubArray(object, "list") && !mJson::hasSubArray(object, "o") && !mJson::hasSubArray(1, "list"));
 }
 
 QTEST_MAIN(TestMJson)

@@ -24,17 +24,13 @@ private slots:
     void init();
     void describesTheButtons();
     void refusesBelowLevelThree();
-    void switchesTheWorkMode_data();
     void switchesTheWorkMode();
-    void reportsWireAndGas_data();
     void reportsWireAndGas();
     void togglesTheRedLight();
-    void statesToldMeanwhile_data();
     void statesToldMeanwhile();
     void pressedTwiceDuringItsCommand();
     void commandsThatThrow();
     void levelFallsBeforeTheLightIsSwitched();
-    void pluginTakenAway_data();
     void pluginTakenAway();
     void survivesTheHostsChanges();
 
@@ -97,94 +93,70 @@ void TestPendantButtons::refusesBelowLevelThree()
     }
 }
 
-void TestPendantButtons::switchesTheWorkMode_data()
-{
-    QTest::addColumn<QJsonValue>("status");
-    QTest::addColumn<QJsonArray>("result");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("message");
-    const auto answer = [](const QJsonValue& code) { return FakeHost::answer("set_virtual_welding", code); };
-    const QString toVirtual = "set_virtual_welding true";
-    const QString toReal = "set_virtual_welding false";
-    const QString failed = "2|Switch work mode failed";
-    const QJsonValue absent(QJsonValue::Undefined);
-    QTest::newRow("real") << QJsonValue(false) << answer(0) << toVirtual << "0|Switch to VirtualWelding";
-    QTest::newRow("absent counts as real") << absent << answer("0") << toVirtual << "0|Switch to VirtualWelding";
-    QTest::newRow("virtual") << QJsonValue(true) << answer(0) << toReal << "0|Switch to RealWdlding";
-    QTest::newRow("silence counts as success")
-        << QJsonValue(true) << QJsonArray() << toReal << "0|Switch to RealWdlding";
-    QTest::newRow("refused with true") << QJsonValue(false) << answer(true) << toVirtual << failed;
-    QTest::newRow("refused with a text") << QJsonValue(true) << answer("3") << toReal << failed;
-}
-
 void TestPendantButtons::switchesTheWorkMode()
 {
-    QFETCH(QJsonValue, status);
-    QFETCH(QJsonArray, result);
-    QFETCH(QString, command);
-    QFETCH(QString, message);
-    m_host->nodes[kVirtual] = status;
-    m_host->answers["set_virtual_welding"] = result;
-    const QImage before = m_host->statusBar->grab().toImage();
-    press("Work mode", true);
-    QCOMPARE(m_host->sent(), QStringList(command));
-    QCOMPARE(m_host->senders, QVector<QObject*>{m_plugin.get()});
-    QCOMPARE(m_host->told(), QStringList(message));
-    // The item starts with the picture of real welding.
-    QCOMPARE(m_host->statusBar->grab().toImage() != before, message.endsWith("VirtualWelding"));
-    press("Work mode", false);
-    QCOMPARE(m_host->commands.size(), 1);
-    QCOMPARE(m_host->messages.size(), 1);
-}
-
-void TestPendantButtons::reportsWireAndGas_data()
-{
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("log");
-    QTest::addColumn<bool>("released");
-    QTest::newRow("feed") << "Wiring"
-                          << "set_weld_feed_wire"
-                          << "Feed wire"
-                          << "Phybtn:: feed_wire failed. " << true;
-    QTest::newRow("retract") << "Retract Wire"
-                             << "set_weld_retract_wire"
-                             << "Retract wire"
-                             << "Phybtn:: retract_wire failed. " << true;
-    QTest::newRow("gas") << "ProtectGas"
-                         << "set_weld_manual_gas"
-                         << "Open gas"
-                         << "Phybtn:: open gas failed. " << false;
+    const auto answer = [](const QJsonValue& code) { return FakeHost::answer("set_virtual_welding", code); };
+    const struct {
+        QJsonValue status;
+        QJsonArray result;
+        const char* command;
+        const char* message;
+    } rows[] = {
+        {false, answer(0), "set_virtual_welding true", "0|Switch to VirtualWelding"},
+        {QJsonValue::Undefined, answer("0"), "set_virtual_welding true", "0|Switch to VirtualWelding"},
+        {true, answer(0), "set_virtual_welding false", "0|Switch to RealWdlding"},
+        {true, {}, "set_virtual_welding false", "0|Switch to RealWdlding"}, // silence counts as success
+        {false, answer(true), "set_virtual_welding true", "2|Switch work mode failed"},
+        {true, answer("3"), "set_virtual_welding false", "2|Switch work mode failed"},
+    };
+    for (const auto& row : rows) {
+        init();
+        m_host->nodes[kVirtual] = row.status;
+        m_host->answers["set_virtual_welding"] = row.result;
+        const QImage before = m_host->statusBar->grab().toImage();
+        press("Work mode", true);
+        press("Work mode", false);
+        QCOMPARE(m_host->sent(), QStringList(row.command));
+        QCOMPARE(m_host->senders, QVector<QObject*>{m_plugin.get()});
+        QCOMPARE(m_host->told(), QStringList(row.message));
+        // The item starts with the picture of real welding.
+        QCOMPARE(m_host->statusBar->grab().toImage() != before, m_host->told().first().endsWith("VirtualWelding"));
+    }
 }
 
 void TestPendantButtons::reportsWireAndGas()
 {
-    QFETCH(QString, button);
-    QFETCH(QString, command);
-    QFETCH(QString, name);
-    QFETCH(QString, log);
-    QFETCH(bool, released);
-    const QString done = "0|" + name + " successfully";
-    press(button, true);
-    press(button, false);
-    QCOMPARE(m_host->sent(),
-             released ? QStringList({command + " true", command + " false"}) : QStringList(command + " true"));
-    QCOMPARE(m_host->told(), released ? QStringList({done, done}) : QStringList(done));
-    QVERIFY(m_host->logs.isEmpty());
+    const struct {
+        QString button, command, name, log;
+        bool isReleased;
+    } rows[] = {
+        {"Wiring", "set_weld_feed_wire", "Feed wire", "Phybtn:: feed_wire failed. ", true},
+        {"Retract Wire", "set_weld_retract_wire", "Retract wire", "Phybtn:: retract_wire failed. ", true},
+        {"ProtectGas", "set_weld_manual_gas", "Open gas", "Phybtn:: open gas failed. ", false},
+    };
+    for (const auto& row : rows) {
+        const QStringList sent{row.command + " true", row.command + " false"};
+        const QString done = "0|" + row.name + " successfully";
+        m_host->forget();
+        press(row.button, true);
+        press(row.button, false);
+        QCOMPARE(m_host->sent(), sent.mid(0, row.isReleased ? 2 : 1));
+        QCOMPARE(m_host->told(), QStringList({done, done}).mid(0, row.isReleased ? 2 : 1));
+        QVERIFY(m_host->logs.isEmpty());
 
-    m_host->forget();
-    m_host->answers[command] = FakeHost::answer(command, 7);
-    press(button, true);
-    QCOMPARE(m_host->told(), QStringList("2|" + name + " failed. Please check logs."));
-    QCOMPARE(m_host->logs.last().items, QStringList({log, command, " Result:", "7"}));
+        m_host->forget();
+        m_host->answers[row.command] = FakeHost::answer(row.command, 7);
+        press(row.button, true);
+        QCOMPARE(m_host->told(), QStringList("2|" + row.name + " failed. Please check logs."));
+        QCOMPARE(m_host->logs.last().items, QStringList({row.log, row.command, " Result:", "7"}));
 
-    m_host->forget();
-    m_host->answers[command] = FakeHost::answer("another_command", 0);
-    press(button, true);
-    QVERIFY(m_host->messages.isEmpty());
-    QCOMPARE(m_host->logs.last().items, QStringList({log + "not found ", command, " Result"}));
-    QVERIFY(m_host->logs.last().tag.startsWith("[E|"));
+        m_host->forget();
+        m_host->answers[row.command] = FakeHost::answer("another_command", 0);
+        press(row.button, true);
+        QVERIFY(m_host->messages.isEmpty());
+        QCOMPARE(m_host->logs.last().items, QStringList({row.log + "not found ", row.command, " Result"}));
+        QVERIFY(m_host->logs.last().tag.startsWith("[E|"));
+    }
 }
 
 void TestPendantButtons::togglesTheRedLight()
@@ -198,52 +170,39 @@ void TestPendantButtons::togglesTheRedLight()
     QVERIFY(m_host->messages.isEmpty());
 }
 
-void TestPendantButtons::statesToldMeanwhile_data()
-{
-    QTest::addColumn<QString>("during");
-    QTest::addColumn<QString>("told");
-    QTest::addColumn<QString>("sent");
-    // "+" is a press, "-" a release. The first press is what the rest is told during.
-    QTest::newRow("released") << "command"
-                              << "-"
-                              << "+-";
-    QTest::newRow("pressed again") << "command"
-                                   << "-+"
-                                   << "+-+";
-    QTest::newRow("three presses, finger off") << "command"
-                                               << "-+-+-"
-                                               << "+-";
-    QTest::newRow("three presses, finger on") << "command"
-                                              << "-+-+-+"
-                                              << "+-+";
-    QTest::newRow("let go before it was sent") << "level"
-                                               << "-"
-                                               << "-";
-    QTest::newRow("let go and pressed again") << "level"
-                                              << "-+"
-                                              << "-+";
-}
-
 void TestPendantButtons::statesToldMeanwhile()
 {
-    QFETCH(QString, during);
-    QFETCH(QString, told);
-    bool isTold = false;
-    m_host->onCall = [&](const QString& call) {
-        if (call == during && !isTold) {
-            isTold = true;
-            for (const QChar state : qAsConst(told)) {
-                press("Retract Wire", state == '+');
-            }
-        }
+    // "+" is a press, "-" a release. The first press is what the rest is told during.
+    const struct {
+        const char* during;
+        QString told, sent;
+    } rows[] = {
+        {"command", "-", "+-"},       // released
+        {"command", "-+", "+-+"},     // pressed again
+        {"command", "-+-+-", "+-"},   // finger off at the end
+        {"command", "-+-+-+", "+-+"}, // finger on
+        {"level", "-", "-"},          // let go before it was sent
+        {"level", "-+", "-+"},        // let go and pressed again
     };
-    press("Retract Wire", true);
-    QString sent;
-    for (const auto& command : qAsConst(m_host->commands)) {
-        sent += command.second.toBool() ? '+' : '-';
+    for (const auto& row : rows) {
+        init();
+        bool isTold = false;
+        m_host->onCall = [&](const QString& call) {
+            if (call == row.during && !isTold) {
+                isTold = true;
+                for (const QChar state : row.told) {
+                    press("Retract Wire", state == '+');
+                }
+            }
+        };
+        press("Retract Wire", true);
+        QString sent;
+        for (const auto& command : qAsConst(m_host->commands)) {
+            sent += command.second.toBool() ? '+' : '-';
+        }
+        QCOMPARE(sent, row.sent);
+        QCOMPARE(m_host->messages.size(), sent.size());
     }
-    QTEST(sent, "sent");
-    QCOMPARE(m_host->messages.size(), sent.size());
 }
 
 void TestPendantButtons::pressedTwiceDuringItsCommand()
@@ -307,48 +266,47 @@ void TestPendantButtons::levelFallsBeforeTheLightIsSwitched()
     QCOMPARE(m_host->told(), QStringList("1|Insufficient user permissions!"));
 }
 
-void TestPendantButtons::pluginTakenAway_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("calls");
-    QTest::newRow("work mode") << "Work mode" << 3 << 4;   // status, level, command, message
-    QTest::newRow("red light") << "Red Light" << 3 << 4;   // level, status, level, command
-    QTest::newRow("wire feed") << "Wiring" << 3 << 3;      // level, command, message
-    QTest::newRow("refused") << "Wiring" << 2 << 2;        // level, message
-    QTest::newRow("connection") << "connection" << 3 << 1; // status
-    QTest::newRow("start") << "start" << 3 << 4;           // page, buttons, their status, status item
-    QTest::newRow("render") << "render" << 3 << 1;         // the neighbour
-}
-
 void TestPendantButtons::pluginTakenAway()
 {
-    QFETCH(QString, what);
-    QFETCH(int, level);
+    const struct {
+        QString what;
+        int level;
+        int calls;
+    } rows[] = {
+        {"Work mode", 3, 4},  // status, level, command, message
+        {"Red Light", 3, 4},  // level, status, level, command
+        {"Wiring", 3, 3},     // level, command, message
+        {"Wiring", 2, 2},     // level, message
+        {"connection", 3, 1}, // status
+        {"start", 3, 4},      // page, buttons, their status, status item
+        {"render", 3, 1},     // the neighbour
+    };
     m_plugin.reset();
-    m_host->level = level;
-    const auto make = [&what] {
-        auto* plugin = new pendix::Corvane(nullptr);
-        if (what != "start") {
-            plugin->init();
-        }
-        if (what != "start" && what != "render") {
-            plugin->render();
-        }
-        return plugin;
-    };
-    const auto act = [&](pendix::Corvane* plugin) {
-        if (what == "start") {
-            plugin->init();
-        } else if (what == "render") {
-            plugin->render();
-        } else if (what == "connection") {
-            emit m_host->sigNetworkConnect();
-        } else {
-            press(what, true);
-        }
-    };
-    QTEST(takeAwayInEveryCall<pendix::Corvane>(*m_host, make, act), "calls");
+    for (const auto& row : rows) {
+        m_host->level = row.level;
+        const auto make = [&row] {
+            auto* plugin = new pendix::Corvane(nullptr);
+            if (row.what != "start") {
+                plugin->init();
+            }
+            if (row.what != "start" && row.what != "render") {
+                plugin->render();
+            }
+            return plugin;
+        };
+        const auto act = [&](pendix::Corvane* plugin) {
+            if (row.what == "start") {
+                plugin->init();
+            } else if (row.what == "render") {
+                plugin->render();
+            } else if (row.what == "connection") {
+                emit m_host->sigNetworkConnect();
+            } else {
+                press(row.what, true);
+            }
+        };
+        QVERIFY2(takeAwayInEveryCall<pendix::Corvane>(*m_host, make, act) == row.calls, qPrintable(row.what));
+    }
 }
 
 void TestPendantButtons::survivesTheHostsChanges()

@@ -78,46 +78,34 @@ class TestResources : public QObject
     Q_OBJECT
 
 private slots:
-    void readableOnItsGrounds_data();
     void readableOnItsGrounds();
     void keysDiffer();
     void statusIsNeverConfused();
 };
 
-void TestResources::readableOnItsGrounds_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<int>("height"); // the smallest at which it is shown
-    QTest::addColumn<QList<QColor>>("grounds");
-    const auto add = [](const QString& path, int height, const QList<QColor>& grounds) {
-        QTest::newRow(qPrintable(path)) << path << height << grounds;
-    };
-    for (const QString& name : kNavigation) {
-        add(":/png/meanlist/LaserWeld" + name + ".png", 16, {"#ebebeb", "#87a1ae", "#8a0121"});
-    }
-    for (const QString& name : kKeys) {
-        add(kKeyPath.arg(name, "P"), 48, {Qt::white, Qt::black});
-        add(kKeyPath.arg(name, "Unp"), 48, {Qt::white, Qt::black});
-    }
-    add(kStatusPath.arg("Real"), 25, {Qt::white, Qt::black});
-    add(kStatusPath.arg("Simu"), 25, {Qt::white, Qt::black});
-    add(":/Corvane/png/arrow/down_arrow_white.png", 16, {Qt::white, "#f5f5f5"});
-}
-
 void TestResources::readableOnItsGrounds()
 {
-    QFETCH(QString, path);
-    QFETCH(int, height);
-    QFETCH(QList<QColor>, grounds);
-    for (const QColor& ground : grounds) {
-        QVector<int> values = greys(seen(path, height, ground));
-        QVERIFY(!values.isEmpty());
-        // Between a twentieth and the rest of the pixels lies half of the scale: strokes, not specks. A dark glyph
-        // without a ground of its own fails on the dark red, a white one on the light grey.
-        std::sort(values.begin(), values.end());
-        const int few = values.size() / 20;
-        QVERIFY2(values[values.size() - 1 - few] - values[few] > 128, qPrintable(ground.name()));
+    const auto check = [](const QString& path, int smallestHeight, const QList<QColor>& grounds) {
+        for (const QColor& ground : grounds) {
+            QVector<int> values = greys(seen(path, smallestHeight, ground));
+            QVERIFY2(!values.isEmpty(), qPrintable(path));
+            // Between a twentieth and the rest of the pixels lies half of the scale: strokes, not specks. A dark glyph
+            // without a ground of its own fails on the dark red, a white one on the light grey.
+            std::sort(values.begin(), values.end());
+            const int few = values.size() / 20;
+            QVERIFY2(values[values.size() - 1 - few] - values[few] > 128, qPrintable(path + ' ' + ground.name()));
+        }
+    };
+    for (const QString& name : kNavigation) {
+        check(":/png/meanlist/LaserWeld" + name + ".png", 16, {"#ebebeb", "#87a1ae", "#8a0121"});
     }
+    for (const QString& name : kKeys) {
+        check(kKeyPath.arg(name, "P"), 48, {Qt::white, Qt::black});
+        check(kKeyPath.arg(name, "Unp"), 48, {Qt::white, Qt::black});
+    }
+    check(kStatusPath.arg("Real"), 25, {Qt::white, Qt::black});
+    check(kStatusPath.arg("Simu"), 25, {Qt::white, Qt::black});
+    check(":/Corvane/png/arrow/down_arrow_white.png", 16, {Qt::white, "#f5f5f5"});
 }
 
 void TestResources::keysDiffer()

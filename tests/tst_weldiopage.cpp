@@ -16,7 +16,6 @@ class TestWeldioPage : public QObject
 
 private slots:
     void everyMemberHasItsWidget();
-    void storedRow_data();
     void storedRow();
     void typesAndElements();
     void showing();
@@ -76,50 +75,39 @@ void TestWeldioPage::everyMemberHasItsWidget()
     QCOMPARE(shown.page.translateIoRowName("nobody", "Power"), QString("Power"));
 }
 
-void TestWeldioPage::storedRow_data()
+void TestWeldioPage::storedRow()
 {
-    QTest::addColumn<QJsonObject>("stored");
-    QTest::addColumn<QString>("power");    // offers AO, GO and numeric registers
-    QTest::addColumn<QString>("redLight"); // offers DO and boolean registers
     const auto both = [](const QJsonValue& type, const char* port, const QJsonValue& bias) {
         return QJsonObject{{"power_type", type},     {"power_port", port},     {"power_bias", bias},
                            {"red_light_type", type}, {"red_light_port", port}, {"red_light_bias", bias}};
     };
-    QTest::newRow("missing") << QJsonObject() << "AO||(1)"
-                             << "DO||(1)";
-    QTest::newRow("second type") << both(1, "GO7", 3) << "GO|GO7|(1)"
-                                 << "DO||(1)";
-    QTest::newRow("no such type") << both(7, "AO7", 0) << "AO|AO7|(1)"
-                                  << "DO||(1)";
-    QTest::newRow("negative type") << both(-1, "DO7", 0) << "AO||(1)"
-                                   << "DO|DO7|(1)";
-    QTest::newRow("no whole number") << both(1.5, "AO7", 0.5) << "AO|AO7|(1)"
-                                     << "DO||(1)";
-    QTest::newRow("names match exactly") << both(0, "do7", 0) << "AO||(1)"
-                                         << "DO||(1)";
-    QTest::newRow("first element") << both(2, "BoolOut", 0) << "REG||(1)"
-                                   << "REG|BoolOut|1";
-    QTest::newRow("other element") << both(2, "BoolOut", 2) << "REG||(1)"
-                                   << "REG|BoolOut|3";
-    QTest::newRow("negative element, keeps what is shown") << both(2, "BoolOut", -1) << "REG||(1)"
-                                                           << "REG|BoolOut|2";
-    QTest::newRow("beyond the first length of that name") << both(2, "BoolOut", 4) << "REG||(1)"
-                                                          << "REG|BoolOut|4";
-    QTest::newRow("far beyond") << both(2, "FloatOut", std::numeric_limits<int>::max()) << "REG|FloatOut|2"
-                                << "REG||(1)";
-    QTest::newRow("last of many") << both(2, "Late", 2147483646) << "REG||(1)"
-                                  << "REG|Late|2147483647";
-    QTest::newRow("only read, length no number") << both(2, "BoolIn", 0) << "REG||(1)"
-                                                 << "REG||(1)";
-}
-
-void TestWeldioPage::storedRow()
-{
-    QFETCH(QJsonObject, stored);
-    Shown shown({{"red_light_type", 2}, {"red_light_port", "BoolOut"}, {"red_light_bias", 1}, {"power_port", "AO3"}});
-    shown.load(stored);
-    QTEST(shown.row("power"), "power");
-    QTEST(shown.row("red_light"), "redLight");
+    const struct {
+        const char* name;
+        QJsonObject stored;
+        const char* power;    // offers AO, GO and numeric registers
+        const char* redLight; // offers DO and boolean registers
+    } rows[] = {
+        {"missing", {}, "AO||(1)", "DO||(1)"},
+        {"second type", both(1, "GO7", 3), "GO|GO7|(1)", "DO||(1)"},
+        {"no such type", both(7, "AO7", 0), "AO|AO7|(1)", "DO||(1)"},
+        {"negative type", both(-1, "DO7", 0), "AO||(1)", "DO|DO7|(1)"},
+        {"no whole number", both(1.5, "AO7", 0.5), "AO|AO7|(1)", "DO||(1)"},
+        {"names match exactly", both(0, "do7", 0), "AO||(1)", "DO||(1)"},
+        {"first element", both(2, "BoolOut", 0), "REG||(1)", "REG|BoolOut|1"},
+        {"other element", both(2, "BoolOut", 2), "REG||(1)", "REG|BoolOut|3"},
+        {"negative element, keeps what is shown", both(2, "BoolOut", -1), "REG||(1)", "REG|BoolOut|2"},
+        {"beyond the first length of that name", both(2, "BoolOut", 4), "REG||(1)", "REG|BoolOut|4"},
+        {"far beyond", both(2, "FloatOut", std::numeric_limits<int>::max()), "REG|FloatOut|2", "REG||(1)"},
+        {"last of many", both(2, "Late", 2147483646), "REG||(1)", "REG|Late|2147483647"},
+        {"only read, length no number", both(2, "BoolIn", 0), "REG||(1)", "REG||(1)"},
+    };
+    for (const auto& row : rows) {
+        Shown shown(
+            {{"red_light_type", 2}, {"red_light_port", "BoolOut"}, {"red_light_bias", 1}, {"power_port", "AO3"}});
+        shown.load(row.stored);
+        QVERIFY2(shown.row("power") == row.power, row.name);
+        QVERIFY2(shown.row("red_light") == row.redLight, row.name);
+    }
 }
 
 void TestWeldioPage::typesAndElements()
@@ -217,13 +205,7 @@ void TestWeldioPage::rules_data()
     const QString saved = "0|Saved successfully";
     const QString wrong = "2|Signal %1: register \"%2\" is invalid or has wrong read/write permission, expected %3.";
     const QJsonObject twice{{"power_port", "AO1"}, {"power_enabled", true}, {"frequency_port", "AO1"}};
-    const auto with = [](QJsonObject changes, const QJsonObject& more) {
-        for (auto change = more.begin(); change != more.end(); ++change) {
-            changes.insert(change.key(), change.value());
-        }
-        return changes;
-    };
-    const QJsonObject bothOn = with(twice, {{"frequency_enabled", true}});
+    const QJsonObject bothOn = changed(twice, {{"frequency_enabled", true}});
     const QJsonObject lost{{"descent_signal_type", 2}, {"descent_signal_port", "Gone%2"}};
     const QJsonObject lostInput{{"light_feedback_type", 2}, {"light_feedback_port", "Gone%2"}};
     QTest::newRow("nothing wrong") << QJsonObject() << saved;
@@ -241,7 +223,7 @@ void TestWeldioPage::rules_data()
                                {"gas_protect_type", 2},
                                {"gas_protect_port", "BoolOut"}};
     QTest::newRow("same element") << elements << used.arg("BoolOut");
-    QTest::newRow("other element") << with(elements, {{"gas_protect_bias", 1}}) << saved;
+    QTest::newRow("other element") << changed(elements, {{"gas_protect_bias", 1}}) << saved;
     QTest::newRow("other server type") << QJsonObject{{"power_type", 1},
                                                       {"power_port", "GO5"},
                                                       {"power_enabled", true},
@@ -258,10 +240,10 @@ void TestWeldioPage::rules_data()
     QTest::newRow("output, off") << lost << wrong.arg("Descent signal", "Gone%2", "writable register");
     QTest::newRow("input, off") << lostInput << wrong.arg("Laser feedback", "Gone%2", "readable register");
     QTest::newRow("register before port")
-        << with(bothOn, lost) << wrong.arg("Descent signal", "Gone%2", "writable register");
-    QTest::newRow("outputs before inputs") << with(bothOn, lostInput) << used.arg("AO1");
+        << changed(bothOn, lost) << wrong.arg("Descent signal", "Gone%2", "writable register");
+    QTest::newRow("outputs before inputs") << changed(bothOn, lostInput) << used.arg("AO1");
     QTest::newRow("input, before empty ports")
-        << with(lostInput, {{"gas_protect_port", ""}}) << wrong.arg("Laser feedback", "Gone%2", "readable register");
+        << changed(lostInput, {{"gas_protect_port", ""}}) << wrong.arg("Laser feedback", "Gone%2", "readable register");
 }
 
 void TestWeldioPage::rules()

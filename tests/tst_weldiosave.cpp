@@ -22,7 +22,6 @@ private slots:
     void pressedMeanwhile();
     void restoredMeanwhile();
     void hostThatThrows();
-    void pageTakenAway_data();
     void pageTakenAway();
 };
 
@@ -219,51 +218,47 @@ void TestWeldioSave::hostThatThrows()
     QVERIFY(!shown.page.isEnabled());
 }
 
-void TestWeldioSave::pageTakenAway_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<int>("calls");
-    QTest::newRow("save") << "save" << 12;      // level, registers, level, command, message, node, five lists, level
-    QTest::newRow("refused") << "refused" << 5; // ..., message
-    QTest::newRow("rule") << "rule" << 3;       // level, registers, message
-    QTest::newRow("low level") << "level" << 2; // level, message
-    QTest::newRow("cancel") << "cancel" << 9;   // node, lists, level, message
-    QTest::newRow("show") << "show" << 8;       // registers, node, lists, level
-    QTest::newRow("type") << "type" << 1;       // list
-}
-
 void TestWeldioSave::pageTakenAway()
 {
-    QFETCH(QString, what);
-    FakeHost host;
-    equip(&host);
-    host.nodes[kNode] = mapping({{"power_type", 2}, {"power_port", what == "rule" ? "Gone" : "FloatOut"}});
-    if (what == "refused") {
-        host.answers[kSave] = FakeHost::answer(kSave, 1);
+    const QPair<QString, int> rows[] = {
+        {"save", 12},   // level, registers, level, command, message, node, five lists, level
+        {"refused", 5}, // ..., message
+        {"rule", 3},    // level, registers, message
+        {"level", 2},   // level, message
+        {"cancel", 9},  // node, lists, level, message
+        {"show", 8},    // registers, node, lists, level
+        {"type", 1},    // list
+    };
+    for (const auto& row : rows) {
+        const QString& what = row.first;
+        FakeHost host;
+        equip(&host);
+        host.nodes[kNode] = mapping({{"power_type", 2}, {"power_port", what == "rule" ? "Gone" : "FloatOut"}});
+        host.answers[kSave] = FakeHost::answer(kSave, what == "refused" ? 1 : 0);
+        const QJsonValue registers = host.registers;
+        const auto make = [&] {
+            host.level = 3;
+            host.registers = registers.toArray() + QJsonValue(registerOf("Gone", "float", "rw", 1));
+            auto* page = new WeldioPage(nullptr, nullptr);
+            page->show();
+            host.registers = registers;
+            host.level = what == "level" ? 2 : 3;
+            return page;
+        };
+        const auto act = [&what](WeldioPage* page) {
+            QShowEvent show;
+            if (what == "show") {
+                QCoreApplication::sendEvent(page, &show);
+            } else if (what == "cancel") {
+                emit page->findChild<QAbstractButton*>("pushButton_Cancel")->clicked();
+            } else if (what == "type") {
+                page->findChild<QComboBox*>("comboBox_duty_cycle_type")->setCurrentIndex(1);
+            } else {
+                page->saveWeldIoConfig();
+            }
+        };
+        QVERIFY2(takeAwayInEveryCall<WeldioPage>(host, make, act) == row.second, qPrintable(what));
     }
-    const QJsonValue registers = host.registers;
-    const auto make = [&] {
-        host.level = 3;
-        host.registers = registers.toArray() + QJsonValue(registerOf("Gone", "float", "rw", 1));
-        auto* page = new WeldioPage(nullptr, nullptr);
-        page->show();
-        host.registers = registers;
-        host.level = what == "level" ? 2 : 3;
-        return page;
-    };
-    const auto act = [&what](WeldioPage* page) {
-        QShowEvent show;
-        if (what == "show") {
-            QCoreApplication::sendEvent(page, &show);
-        } else if (what == "cancel") {
-            emit page->findChild<QAbstractButton*>("pushButton_Cancel")->clicked();
-        } else if (what == "type") {
-            page->findChild<QComboBox*>("comboBox_duty_cycle_type")->setCurrentIndex(1);
-        } else {
-            page->saveWeldIoConfig();
-        }
-    };
-    QTEST(takeAwayInEveryCall<WeldioPage>(host, make, act), "calls");
 }
 
 QTEST_MAIN(TestWeldioSave)

@@ -30,7 +30,6 @@ private slots:
     void secondPressDuringACommand();
     void shownDuringACommand_data();
     void shownDuringACommand();
-    void pageTakenAway_data();
     void pageTakenAway();
 };
 
@@ -93,9 +92,7 @@ void TestWeldSettingPage::showing()
     shown.form.find<QSpinBox>("spinBox_laser_power")->setValue(77);
     shown.host.level = 2;
     shown.host.forget();
-    QShowEvent restored;
-    QSpontaneKeyEvent::setSpontaneous(&restored);
-    qApp->notify(&shown.page, &restored);
+    restore(&shown.page);
     QVERIFY(shown.power() == 77 && !shown.host.reads.contains(kNode));
     QVERIFY(!shown.page.isEnabled() && !shown.form.isEnabled(kSwitch));
 }
@@ -263,46 +260,43 @@ void TestWeldSettingPage::shownDuringACommand()
     QCOMPARE(shown.page.isEnabled(), button == kSwitch);
 }
 
-void TestWeldSettingPage::pageTakenAway_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<int>("calls");
-    QTest::newRow("save") << "save" << 3;           // level, command, message
-    QTest::newRow("cancel") << "cancel" << 3;       // node, level, message
-    QTest::newRow("show") << "show" << 4;           // two lists, node, level
-    QTest::newRow("on") << "on" << 5;               // power, level, command, level, command
-    QTest::newRow("on, refused") << "refused" << 4; // ..., message
-    QTest::newRow("off") << "off" << 3;
-    QTest::newRow("powered") << "powered" << 2;       // power, message
-    QTest::newRow("check time") << "check time" << 3; // power, level, message
-}
-
 void TestWeldSettingPage::pageTakenAway()
 {
-    QFETCH(QString, what);
-    FakeHost host;
-    host.nodes[kNode] = storedNode({{"laser_check_out_time", what == "check time" ? 500 : 0},
-                                    {"feedback_delay", 400},
-                                    {"laser_main_enable", what == "off"}});
-    host.powered = what == "powered";
-    host.answers[kEnable] = FakeHost::answer(kEnable, what != "refused");
-    const auto make = [] {
-        auto* page = new WeldSettingPage(nullptr);
-        page->show();
-        return page;
+    const QPair<QString, int> rows[] = {
+        {"save", 3},                       // level, command, message
+        {"cancel", 3},                     // node, level, message
+        {"show", 4},                       // two lists, node, level
+        {"on", 5},                         // power, level, command, level, command
+        {"refused", 4},                    // ..., message
+        {"off", 3},        {"powered", 2}, // power, message
+        {"check time", 3},                 // power, level, message
     };
-    // Called as slots and handlers, so that no event is left with the widget that is gone.
-    const auto act = [&what](WeldSettingPage* page) {
-        QShowEvent show;
-        if (what == "show") {
-            QCoreApplication::sendEvent(page, &show);
-        } else if (what == "save" || what == "cancel") {
-            emit page->findChild<QAbstractButton*>("pushButton_" + what)->clicked();
-        } else {
-            page->onSwitchMain(what != "off");
-        }
-    };
-    QTEST(takeAwayInEveryCall<WeldSettingPage>(host, make, act), "calls");
+    for (const auto& row : rows) {
+        const QString& what = row.first;
+        FakeHost host;
+        host.nodes[kNode] = storedNode({{"laser_check_out_time", what == "check time" ? 500 : 0},
+                                        {"feedback_delay", 400},
+                                        {"laser_main_enable", what == "off"}});
+        host.powered = what == "powered";
+        host.answers[kEnable] = FakeHost::answer(kEnable, what != "refused");
+        const auto make = [] {
+            auto* page = new WeldSettingPage(nullptr);
+            page->show();
+            return page;
+        };
+        // Called as slots and handlers, so that no event is left with the widget that is gone.
+        const auto act = [&what](WeldSettingPage* page) {
+            QShowEvent show;
+            if (what == "show") {
+                QCoreApplication::sendEvent(page, &show);
+            } else if (what == "save" || what == "cancel") {
+                emit page->findChild<QAbstractButton*>("pushButton_" + what)->clicked();
+            } else {
+                page->onSwitchMain(what != "off");
+            }
+        };
+        QVERIFY2(takeAwayInEveryCall<WeldSettingPage>(host, make, act) == row.second, qPrintable(what));
+    }
 }
 
 QTEST_MAIN(TestWeldSettingPage)

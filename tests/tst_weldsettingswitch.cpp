@@ -38,7 +38,6 @@ private slots:
     void levelIsReadWhenItCounts_data();
     void levelIsReadWhenItCounts();
     void accessOfOtherPages();
-    void sendsWhatWasValidated_data();
     void sendsWhatWasValidated();
 };
 
@@ -156,46 +155,39 @@ void TestWeldSettingSwitch::accessOfOtherPages()
     QVERIFY(accessOf(nullptr) == PageAccess::Editable);
 }
 
-void TestWeldSettingSwitch::sendsWhatWasValidated_data()
-{
-    QTest::addColumn<QString>("outcome");
-    QTest::newRow("accepted") << "accepted";
-    QTest::newRow("refused") << "refused";
-    QTest::newRow("thrown") << "thrown";
-}
-
 void TestWeldSettingSwitch::sendsWhatWasValidated()
 {
-    QFETCH(QString, outcome);
-    Shown shown({{"feedback_delay", 300}, {"laser_check_out_time", 200}});
-    shown.host.answers[kEnable] = FakeHost::answer(kEnable, outcome == "accepted");
-    shown.host.onCall = [&](const QString& call) {
-        // The operator edits while the controller thinks, as a finger would and as an owner of the page could.
-        if (call == "command" || (call == "level" && !shown.host.commands.isEmpty())) {
-            QVERIFY(!shown.editable());
-            shown.form.find<QSpinBox>("spinBox_feedback_delay")->setValue(7);
+    for (const QString outcome : {"accepted", "refused", "thrown"}) {
+        Shown shown({{"feedback_delay", 300}, {"laser_check_out_time", 200}});
+        shown.host.answers[kEnable] = FakeHost::answer(kEnable, outcome == "accepted");
+        shown.host.onCall = [&](const QString& call) {
+            // The operator edits while the controller thinks, as a finger would and as an owner of the page could.
+            if (call == "command" || (call == "level" && !shown.host.commands.isEmpty())) {
+                QVERIFY(!shown.editable());
+                shown.form.find<QSpinBox>("spinBox_feedback_delay")->setValue(7);
+            }
+            if (call == "command" && outcome == "thrown") {
+                throw 1;
+            }
+        };
+        try {
+            shown.page.onSwitchMain(true);
+            QVERIFY(outcome != "thrown");
+        } catch (int) {
+            QCOMPARE(outcome, QString("thrown"));
         }
-        if (call == "command" && outcome == "thrown") {
-            throw 1;
+        QCOMPARE(shown.isOn(), outcome == "accepted");
+        QCOMPARE(shown.editable(), outcome != "accepted");
+        if (outcome == "accepted") {
+            const QJsonObject expected =
+                storedNode({{"laser_main_enable", true}, {"feedback_delay", 300}, {"laser_check_out_time", 200}});
+            QCOMPARE(shown.host.commands.value(1).second.toObject(), expected);
         }
-    };
-    try {
-        shown.page.onSwitchMain(true);
-        QVERIFY(outcome != "thrown");
-    } catch (int) {
-        QCOMPARE(outcome, QString("thrown"));
+        shown.host.onCall = nullptr;
+        shown.host.forget();
+        shown.page.onSwitchMain(false);
+        QCOMPARE(shown.host.sent(), QStringList{kOff});
     }
-    QCOMPARE(shown.isOn(), outcome == "accepted");
-    QCOMPARE(shown.editable(), outcome != "accepted");
-    if (outcome == "accepted") {
-        const QJsonObject expected =
-            storedNode({{"laser_main_enable", true}, {"feedback_delay", 300}, {"laser_check_out_time", 200}});
-        QCOMPARE(shown.host.commands.value(1).second.toObject(), expected);
-    }
-    shown.host.onCall = nullptr;
-    shown.host.forget();
-    shown.page.onSwitchMain(false);
-    QCOMPARE(shown.host.sent(), QStringList{kOff});
 }
 
 QTEST_MAIN(TestWeldSettingSwitch)

@@ -9,7 +9,6 @@
 #include "widgets/listcombobox.h"
 
 #include <QJsonArray>
-#include <QShowEvent>
 
 inline const QString kNode = "weld_io_config";
 inline const QString kSave = "set_weld_io_config";
@@ -37,11 +36,7 @@ inline void equip(FakeHost* host)
 /// A mapping that keeps all rules: every signal that needs a port has one, the others are off.
 inline QJsonObject mapping(const QJsonObject& changes = {})
 {
-    QJsonObject node{{"laser_enable_port", "DO1"}, {"gas_protect_port", "DO2"}};
-    for (auto change = changes.begin(); change != changes.end(); ++change) {
-        node.insert(change.key(), change.value());
-    }
-    return node;
+    return changed({{"laser_enable_port", "DO1"}, {"gas_protect_port", "DO2"}}, changes);
 }
 
 /// A page on the screen with a host behind it.
@@ -89,13 +84,5 @@ struct Shown {
         return calls;
     }
 };
-
-/// The window system restores the page's window.
-inline void restore(QWidget* page)
-{
-    QShowEvent restored;
-    QSpontaneKeyEvent::setSpontaneous(&restored);
-    qApp->notify(page, &restored);
-}
 
 #endif

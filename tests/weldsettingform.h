@@ -56,10 +56,7 @@ inline QJsonObject storedNode(const QJsonObject& changes = {})
     for (const Member& member : members()) {
         node.insert(member.key, member.stored);
     }
-    for (auto change = changes.begin(); change != changes.end(); ++change) {
-        node.insert(change.key(), change.value());
-    }
-    return node;
+    return changed(node, changes);
 }
 
 /// A page on the screen with a host behind it.

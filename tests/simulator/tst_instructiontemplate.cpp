@@ -32,17 +32,13 @@ class TestInstructionTemplate : public QObject
     Q_OBJECT
 
 private slots:
-    void faultNamesTheField_data();
     void faultNamesTheField();
-    void valuesOfForeignLines_data();
     void valuesOfForeignLines();
-    void editorTakesWhatItsFieldsAllow_data();
     void editorTakesWhatItsFieldsAllow();
 };
 
-void TestInstructionTemplate::faultNamesTheField_data()
+void TestInstructionTemplate::faultNamesTheField()
 {
-    QTest::addColumn<QString>("fault");
     const char* const rows[][2] = {
         {"f();", "has no field"},
         {"f($a#spn#1,2#true$,$b#spn#1,2#true);", "field 2: it has no $ at its end"},
@@ -68,21 +64,14 @@ void TestInstructionTemplate::faultNamesTheField_data()
         {"f(\"$a#spn#1,2#true$);", "has a quote that is not closed"},
     };
     for (const auto& [text, fault] : rows) {
-        QTest::newRow(text) << QString::fromLatin1(fault);
+        QString told;
+        QVERIFY2(!InstructionTemplate::parse(QString::fromLatin1(text), &told), text);
+        QVERIFY2(told.startsWith(QLatin1String(fault)), qPrintable(told));
     }
 }
 
-void TestInstructionTemplate::faultNamesTheField()
+void TestInstructionTemplate::valuesOfForeignLines()
 {
-    QFETCH(QString, fault);
-    QString told;
-    QVERIFY(!InstructionTemplate::parse(QString::fromLatin1(QTest::currentDataTag()), &told));
-    QVERIFY2(told.startsWith(fault), qPrintable(told));
-}
-
-void TestInstructionTemplate::valuesOfForeignLines_data()
-{
-    QTest::addColumn<QString>("values");
     const char* const rows[][2] = {
         {"Pair(\"a,\",d));", "\"a,\"|d)"},
         {"\tPair(  \"a,\"\t,  b,  c)  ;  ", "\"a,\"|b,  c"},
@@ -94,54 +83,43 @@ void TestInstructionTemplate::valuesOfForeignLines_data()
         {"x Pair(1,2);", "-"},
         {"", "-"},
     };
-    for (const auto& [code, values] : rows) {
-        QTest::newRow(code) << QString::fromLatin1(values);
+    for (const auto& [code, expected] : rows) {
+        const auto values = parsed(kPair).values(QString::fromLatin1(code));
+        QVERIFY2((values ? values->join(QLatin1Char('|')) : QStringLiteral("-")) == QLatin1String(expected), code);
     }
-}
-
-void TestInstructionTemplate::valuesOfForeignLines()
-{
-    const auto values = parsed(kPair).values(QString::fromLatin1(QTest::currentDataTag()));
-    QTEST(values ? values->join(QLatin1Char('|')) : QStringLiteral("-"), "values");
-}
-
-void TestInstructionTemplate::editorTakesWhatItsFieldsAllow_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const QString& text, const char* line, const char* result) {
-        QTest::newRow(line) << text << QString::fromLatin1(line) << QString::fromLatin1(result);
-    };
-    row(kForward, "LsWireFwd(0,10001); // LsWireFwd(3,4);", "LsWireFwd(1, 10000);");
-    row(kForward, "LsWireFwd(-99999999999999999999, +99999999999999999999);", "LsWireFwd(1, 10000);");
-    row(kForward, "LsWireFwd(1.5, 0070);", "LsWireFwd(50, 70);");
-    row(kForward, "LsWireFwd(, );", "LsWireFwd(50, 60);");
-    row(kForward, "LsWireFwd(7);", "LsWireFwd(50, 60);");
-    row(kForward, "", "LsWireFwd(50, 60);");
-    row(kBackward, "LsWireBwd(-7;-8)//", "LsWireBwd(-7;0)");
-    row(kMatch, "LsParaMatch( \"PowerData2\" ) ;", "LsParaMatch(\"PowerData1\");");
-    row(kMatch, "LsParaMatch( \"PowerData2\" );", "LsParaMatch(\"PowerData2\");");
-    row(kMatch, "LsParaMatch(PowerData2);", "LsParaMatch(\"PowerData1\");");
-    row(kMatch, "LsParaMatch(\"powerdata2\");", "LsParaMatch(\"PowerData1\");");
 }
 
 void TestInstructionTemplate::editorTakesWhatItsFieldsAllow()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, line);
-    TemplateEditor editor(parsed(text));
-    editor.FillWith(QStringLiteral("LsWireFwd(50, 60);"));
-    editor.FillWith(line);
-    QTEST(editor.ToString(), "result");
-    QVERIFY(editor.CheckInsert() && editor.CheckReplace());
-    // What the operator enters goes into the line as well.
-    if (auto* number = editor.findChild<QSpinBox*>(QStringLiteral("field2"))) {
-        number->setValue(10);
-        QVERIFY(editor.ToString().contains(QLatin1String("10)")));
-    } else {
-        editor.findChild<QComboBox*>(QStringLiteral("field1"))->setCurrentIndex(2);
-        QVERIFY(editor.ToString().contains(QLatin1String("(\"Power, 10)\")")));
+    const struct {
+        QString text, line, result;
+    } rows[] = {
+        {kForward, "LsWireFwd(0,10001); // LsWireFwd(3,4);", "LsWireFwd(1, 10000);"},
+        {kForward, "LsWireFwd(-99999999999999999999, +99999999999999999999);", "LsWireFwd(1, 10000);"},
+        {kForward, "LsWireFwd(1.5, 0070);", "LsWireFwd(50, 70);"},
+        {kForward, "LsWireFwd(, );", "LsWireFwd(50, 60);"},
+        {kForward, "LsWireFwd(7);", "LsWireFwd(50, 60);"},
+        {kForward, "", "LsWireFwd(50, 60);"},
+        {kBackward, "LsWireBwd(-7;-8)//", "LsWireBwd(-7;0)"},
+        {kMatch, "LsParaMatch( \"PowerData2\" ) ;", "LsParaMatch(\"PowerData1\");"},
+        {kMatch, "LsParaMatch( \"PowerData2\" );", "LsParaMatch(\"PowerData2\");"},
+        {kMatch, "LsParaMatch(PowerData2);", "LsParaMatch(\"PowerData1\");"},
+        {kMatch, "LsParaMatch(\"powerdata2\");", "LsParaMatch(\"PowerData1\");"},
+    };
+    for (const auto& [text, line, result] : rows) {
+        TemplateEditor editor(parsed(text));
+        editor.FillWith(QStringLiteral("LsWireFwd(50, 60);"));
+        editor.FillWith(line);
+        QCOMPARE(editor.ToString(), result);
+        QVERIFY(editor.CheckInsert() && editor.CheckReplace());
+        // What the operator enters goes into the line as well.
+        if (auto* number = editor.findChild<QSpinBox*>(QStringLiteral("field2"))) {
+            number->setValue(10);
+            QVERIFY(editor.ToString().contains(QLatin1String("10)")));
+        } else {
+            editor.findChild<QComboBox*>(QStringLiteral("field1"))->setCurrentIndex(2);
+            QVERIFY(editor.ToString().contains(QLatin1String("(\"Power, 10)\")")));
+        }
     }
 }
 

@@ -5,16 +5,12 @@
 
 using namespace sim;
 
-Q_DECLARE_METATYPE(sim::LoadFault)
-
 class TestPluginLoader : public QObject
 {
     Q_OBJECT
 
 private slots:
     void initTestCase();
-    void causeAndReason_data();
-    void causeAndReason();
     void loadsOnceAndGivesItsPage();
     void bringsItsTranslation();
 
@@ -35,35 +31,6 @@ void TestPluginLoader::initTestCase()
     m_controller = std::make_unique<SimulatedController>(Cell());
     m_host = std::make_unique<SimHost>(m_controller.get(), &m_journal);
     m_loader = std::make_unique<PluginLoader>(m_host.get());
-}
-
-void TestPluginLoader::causeAndReason_data()
-{
-    QTest::addColumn<LoadFault>("fault");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("none") << LoadFault::NoSuchFile << "no such file";
-    QTest::newRow("missingsymbol") << LoadFault::MissingSymbol << "missing symbol: fixtureMissingFunction()";
-    QTest::newRow("notregistered") << LoadFault::NotRegistered << "registered no plug-in";
-    QTest::newRow("nullfactory") << LoadFault::ConstructionFailed
-                                 << "construction of plug-in \"nullfactory\" failed: the factory gave nothing";
-    QTest::newRow("throwsinfactory") << LoadFault::ConstructionFailed
-                                     << "construction of plug-in \"throwsinfactory\" failed: fixture gives up";
-    QTest::newRow("throwsininit") << LoadFault::InitFailed
-                                  << "init of plug-in \"throwsininit\" failed: fixture gives up";
-    QTest::newRow("throwsinafterinit") << LoadFault::AfterInitFailed
-                                       << "afterInit of plug-in \"throwsinafterinit\" failed";
-    QTest::newRow("throwsinrender") << LoadFault::RenderFailed
-                                    << "render of plug-in \"throwsinrender\" failed with an unknown exception";
-    QTest::newRow("nopage") << LoadFault::NoPage << "gave no page";
-}
-
-void TestPluginLoader::causeAndReason()
-{
-    QFETCH(LoadFault, fault);
-    QFETCH(QString, reason);
-    const LoadResult result = load(QTest::currentDataTag());
-    QCOMPARE(result.fault, fault);
-    QVERIFY2(result.reason.contains(reason), qPrintable(result.reason));
 }
 
 void TestPluginLoader::loadsOnceAndGivesItsPage()

@@ -20,7 +20,6 @@ class TestTracking : public QObject
 private slots:
     void init();
     void cleanup();
-    void answers_data();
     void answers();
     void offersReplaceAndEnd();
     void offerEndsWithThePluginThatFailed();
@@ -31,9 +30,6 @@ private:
     std::unique_ptr<SimulatedController> m_controller;
     std::unique_ptr<SimHost> m_host;
 };
-
-using Factory = std::function<QWidget*()>;
-Q_DECLARE_METATYPE(Factory)
 
 void TestTracking::init()
 {
@@ -49,35 +45,32 @@ void TestTracking::cleanup()
     pendix::unregisterPlugin(QStringLiteral("probe"));
 }
 
-void TestTracking::answers_data()
-{
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<Factory>("factory");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("notice");
-    const QString probe = QStringLiteral("probe");
-    QTest::newRow("not loaded") << "stranger" << Factory() << -1 << QString();
-    QTest::newRow("offers none") << probe << Factory() << -2 << QString();
-    QTest::newRow("made") << probe << Factory([] { return new QLabel; }) << 0 << QString();
-    QTest::newRow("gives nothing") << probe << Factory([] { return nullptr; }) << -2 << "its factory gave nothing";
-    QTest::newRow("fails") << probe << Factory([]() -> QWidget* { throw std::runtime_error("no sensor"); }) << -2
-                           << "its factory failed: no sensor";
-    QTest::newRow("fails oddly") << probe << Factory([]() -> QWidget* { throw 7; }) << -2 << "unknown exception";
-}
-
 void TestTracking::answers()
 {
-    QFETCH(QString, asked);
-    QFETCH(Factory, factory);
-    QFETCH(int, code);
-    QFETCH(QString, notice);
-    OfferNoUniqueWidget(QStringLiteral("probe"), factory);
-    QWidget* widget = nullptr;
-    QCOMPARE(GetPluginNoUniqueWidget(asked, widget), code);
-    const std::unique_ptr<QWidget> owned(widget);
-    QCOMPARE(widget != nullptr, code == 0);
-    QCOMPARE(m_journal->size(), notice.isEmpty() ? 1 : 2);
-    QVERIFY(notice.isEmpty() || m_journal->at(1).text.contains(notice));
+    const QString probe = QStringLiteral("probe");
+    const struct {
+        QString asked;
+        std::function<QWidget*()> factory;
+        int code;
+        QString notice;
+    } rows[] = {
+        {"stranger", {}, -1, {}},
+        {probe, {}, -2, {}},
+        {probe, [] { return new QLabel; }, 0, {}},
+        {probe, [] { return nullptr; }, -2, "its factory gave nothing"},
+        {probe, []() -> QWidget* { throw std::runtime_error("no sensor"); }, -2, "its factory failed: no sensor"},
+        {probe, []() -> QWidget* { throw 7; }, -2, "unknown exception"},
+    };
+    for (const auto& row : rows) {
+        init();
+        OfferNoUniqueWidget(probe, row.factory);
+        QWidget* widget = nullptr;
+        QCOMPARE(GetPluginNoUniqueWidget(row.asked, widget), row.code);
+        const std::unique_ptr<QWidget> owned(widget);
+        QCOMPARE(widget != nullptr, row.code == 0);
+        QCOMPARE(m_journal->size(), row.notice.isEmpty() ? 1 : 2);
+        QVERIFY(row.notice.isEmpty() || m_journal->at(1).text.contains(row.notice));
+    }
 }
 
 void TestTracking::offersReplaceAndEnd()
