@@ -102,11 +102,12 @@ void TestCharacteristicsCurvePage::curves()
     shown.press(curve.cancel);
     QCOMPARE(shown.host.lastMessage(), QString("0|Cancel successful"));
     // Named one by one.
-    QCOMPARE(words((shown.page.*kNamed[index].members)()), members);
-    QCOMPARE(words((shown.page.*kNamed[index].compute)().value(kCompute)), members);
-    QCOMPARE(words((shown.page.*kNamed[index].save)().value(curve.command)), members);
+    const auto& named = kNamed[index];
+    QCOMPARE(words((shown.page.*named.members)()), members);
+    QCOMPARE(words((shown.page.*named.compute)().value(kCompute)), members);
+    QCOMPARE(words((shown.page.*named.save)().value(curve.command)), members);
     shown.host.forget();
-    (shown.page.*kNamed[index].draw)();
+    (shown.page.*named.draw)();
     QCOMPARE(words(shown.host.commands[0].second), members);
     // Values beyond their ranges.
     shown.page.populateTable(shown.table(curve), 2, {{-1, -1e12}, {1e9, 1e12}});
